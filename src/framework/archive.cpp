@@ -1,0 +1,451 @@
+// CArchive: primitives, strings, counts and the object table.
+#include "framework/archive.h"
+
+#include <limits>
+
+#include "framework/file.h"
+
+namespace persona {
+
+namespace {
+
+constexpr WORD kNullTag = 0x0000;
+constexpr WORD kNewClassTag = 0xFFFF;
+constexpr WORD kClassTag = 0x8000;
+constexpr WORD kBigObjectTag = 0x7FFF;
+constexpr DWORD kBigClassTag = 0x80000000u;
+constexpr std::size_t kMaxClassNameLength = 64;
+
+// Windows-1252 byte for a Unicode code point, '?' where the code page has none.
+char ToWindows1252(DWORD cp) {
+  if (cp < 0x80 || (cp >= 0xA0 && cp <= 0xFF)) return static_cast<char>(cp);
+  switch (cp) {
+    case 0x81: case 0x8D: case 0x8F: case 0x90: case 0x9D: return static_cast<char>(cp);
+    case 0x20AC: return '\x80';
+    case 0x201A: return '\x82';
+    case 0x0192: return '\x83';
+    case 0x201E: return '\x84';
+    case 0x2026: return '\x85';
+    case 0x2020: return '\x86';
+    case 0x2021: return '\x87';
+    case 0x02C6: return '\x88';
+    case 0x2030: return '\x89';
+    case 0x0160: return '\x8A';
+    case 0x2039: return '\x8B';
+    case 0x0152: return '\x8C';
+    case 0x017D: return '\x8E';
+    case 0x2018: return '\x91';
+    case 0x2019: return '\x92';
+    case 0x201C: return '\x93';
+    case 0x201D: return '\x94';
+    case 0x2022: return '\x95';
+    case 0x2013: return '\x96';
+    case 0x2014: return '\x97';
+    case 0x02DC: return '\x98';
+    case 0x2122: return '\x99';
+    case 0x0161: return '\x9A';
+    case 0x203A: return '\x9B';
+    case 0x0153: return '\x9C';
+    case 0x017E: return '\x9E';
+    case 0x0178: return '\x9F';
+    default: return '?';
+  }
+}
+
+}  // namespace
+
+CArchive::CArchive(CFile* pFile, UINT mode, int, void*)
+    : m_loading((mode & load) != 0), m_file(pFile) {
+  if (m_file) m_name = m_file->GetFilePath();
+  if (!m_loading) {
+    if (m_file) m_base = static_cast<std::size_t>(m_file->GetPosition());
+    return;
+  }
+  if (m_file == nullptr) return;
+  m_base = static_cast<std::size_t>(m_file->GetPosition());
+  if (auto* mem = dynamic_cast<CMemFile*>(m_file)) {
+    const std::size_t size = mem->GetSize();
+    m_data = mem->GetData() + std::min(m_base, size);
+    m_size = m_base < size ? size - m_base : 0;
+    return;
+  }
+  const ULONGLONG length = m_file->GetLength();
+  const std::size_t rest = length > m_base ? static_cast<std::size_t>(length - m_base) : 0;
+  m_input.resize(rest);
+  std::size_t got = 0;
+  while (got < rest) {
+    const UINT chunk = static_cast<UINT>(std::min<std::size_t>(rest - got, 1u << 30));
+    const UINT n = m_file->Read(m_input.data() + got, chunk);
+    if (n == 0) break;
+    got += n;
+  }
+  m_input.resize(got);
+  m_data = m_input.data();
+  m_size = got;
+}
+
+CArchive::CArchive(const BYTE* data, std::size_t size, std::string name)
+    : m_loading(true), m_name(std::move(name)), m_data(data), m_size(size) {}
+
+CArchive::~CArchive() = default;
+
+void CArchive::ThrowFailure(CArchiveException::Cause cause, const std::string& detail) const {
+  throw CArchiveException(cause, m_name, GetPosition(), detail);
+}
+
+void CArchive::ThrowEnd(std::size_t wanted, const char* what) const {
+  throw CArchiveException(CArchiveException::endOfFile, m_name, GetPosition(),
+                          "the file ends inside a " + std::string(what) + " (" +
+                              std::to_string(wanted) + " bytes needed, " +
+                              std::to_string(m_size - m_pos) + " left)");
+}
+
+void CArchive::Flush() {
+  if (m_loading || m_file == nullptr) return;
+  std::size_t done = 0;
+  while (done < m_out.size()) {
+    const UINT chunk = static_cast<UINT>(std::min<std::size_t>(m_out.size() - done, 1u << 30));
+    m_file->Write(m_out.data() + done, chunk);
+    done += chunk;
+  }
+  m_base += m_out.size();
+  m_out.clear();
+}
+
+void CArchive::Close() {
+  if (m_loading) {
+    if (m_file) m_file->Seek(static_cast<LONGLONG>(m_base + m_pos), CFile::begin);
+  } else {
+    Flush();
+  }
+  m_file = nullptr;
+}
+
+void CArchive::Abort() {
+  m_out.clear();
+  m_file = nullptr;
+}
+
+std::vector<BYTE> CArchive::TakeStoredBytes() {
+  std::vector<BYTE> out;
+  out.swap(m_out);
+  return out;
+}
+
+UINT CArchive::Read(void* buffer, UINT count) {
+  if (!m_loading) ThrowFailure(CArchiveException::writeOnly, "read from an archive that is storing");
+  const std::size_t n = std::min<std::size_t>(count, m_size - m_pos);
+  if (n) std::memcpy(buffer, m_data + m_pos, n);
+  m_pos += n;
+  return static_cast<UINT>(n);
+}
+
+void CArchive::ReadExact(void* buffer, std::size_t count, const char* what) {
+  if (!m_loading) ThrowFailure(CArchiveException::writeOnly, "read from an archive that is storing");
+  if (m_size - m_pos < count) ThrowEnd(count, what);
+  if (count) std::memcpy(buffer, m_data + m_pos, count);
+  m_pos += count;
+}
+
+void CArchive::Write(const void* buffer, UINT count) {
+  if (m_loading) ThrowFailure(CArchiveException::readOnly, "write to an archive that is loading");
+  const auto* p = static_cast<const BYTE*>(buffer);
+  m_out.insert(m_out.end(), p, p + count);
+}
+
+// ---- counts and strings ---------------------------------------------------------------------
+
+void CArchive::WriteCount(ULONGLONG n) {
+  if (n < 0xFFFF) {
+    Put<WORD>(static_cast<WORD>(n));
+  } else if (n < 0xFFFFFFFFull) {
+    Put<WORD>(0xFFFF);
+    Put<DWORD>(static_cast<DWORD>(n));
+  } else {
+    Put<WORD>(0xFFFF);
+    Put<DWORD>(0xFFFFFFFFu);
+    Put<ULONGLONG>(n);
+  }
+}
+
+ULONGLONG CArchive::ReadCount() {
+  const WORD w = Get<WORD>();
+  if (w != 0xFFFF) return w;
+  const DWORD d = Get<DWORD>();
+  if (d != 0xFFFFFFFFu) return d;
+  return Get<ULONGLONG>();
+}
+
+void CArchive::CheckCount(ULONGLONG n, std::size_t minBytes, const char* what) const {
+  if (minBytes != 0 && n > (m_size - m_pos) / minBytes) {
+    ThrowFailure(CArchiveException::endOfFile,
+                 std::string(what) + " claims " + std::to_string(n) +
+                     " entries but only " + std::to_string(m_size - m_pos) + " bytes are left");
+  }
+}
+
+CArchive& CArchive::operator<<(const CString& s) {
+  const ULONGLONG n = static_cast<ULONGLONG>(s.str().size());
+  if (n < 0xFF) {
+    Put<BYTE>(static_cast<BYTE>(n));
+  } else if (n < 0xFFFE) {
+    Put<BYTE>(0xFF);
+    Put<WORD>(static_cast<WORD>(n));
+  } else if (n < 0xFFFFFFFFull) {
+    Put<BYTE>(0xFF);
+    Put<WORD>(0xFFFF);
+    Put<DWORD>(static_cast<DWORD>(n));
+  } else {
+    Put<BYTE>(0xFF);
+    Put<WORD>(0xFFFF);
+    Put<DWORD>(0xFFFFFFFFu);
+    Put<ULONGLONG>(n);
+  }
+  const std::size_t at = m_out.size();
+  m_out.resize(at + s.str().size());
+  if (!s.str().empty()) std::memcpy(m_out.data() + at, s.str().data(), s.str().size());
+  return *this;
+}
+
+CArchive& CArchive::operator>>(CString& s) {
+  bool wide = false;
+  ULONGLONG len = Get<BYTE>();
+  if (len == 0xFF) {
+    WORD w = Get<WORD>();
+    if (w == 0xFFFE) {  // written by a wide-character build: the prefix follows again
+      wide = true;
+      len = Get<BYTE>();
+      if (len == 0xFF) w = Get<WORD>();
+    }
+    if (len == 0xFF) {
+      if (w < 0xFFFF) {
+        len = w;
+      } else {
+        const DWORD d = Get<DWORD>();
+        len = d < 0xFFFFFFFFu ? d : Get<ULONGLONG>();
+      }
+    }
+  }
+  const std::size_t left = m_size - m_pos;
+  const ULONGLONG bytes = wide ? len * 2 : len;
+  if (len > left || bytes > left) {
+    ThrowFailure(CArchiveException::endOfFile,
+                 "a string of " + std::to_string(len) + (wide ? " wide" : "") +
+                     " characters runs past the end (" + std::to_string(left) + " bytes left)");
+  }
+  const BYTE* p = m_data + m_pos;
+  m_pos += static_cast<std::size_t>(bytes);
+  std::string& out = s.str();
+  if (!wide) {
+    out.assign(reinterpret_cast<const char*>(p), static_cast<std::size_t>(len));
+    return *this;
+  }
+  out.clear();
+  out.reserve(static_cast<std::size_t>(len));
+  for (ULONGLONG i = 0; i < len; ++i) {
+    DWORD unit = static_cast<DWORD>(p[2 * i] | (p[2 * i + 1] << 8));
+    if (unit >= 0xD800 && unit <= 0xDBFF && i + 1 < len) {
+      const DWORD next = static_cast<DWORD>(p[2 * i + 2] | (p[2 * i + 3] << 8));
+      if (next >= 0xDC00 && next <= 0xDFFF) {  // a surrogate pair is one character
+        ++i;
+        unit = 0x10000;
+      }
+    }
+    out.push_back(ToWindows1252(unit));
+  }
+  return *this;
+}
+
+// ---- objects --------------------------------------------------------------------------------
+
+UINT CArchive::GetObjectSchema() {
+  const UINT schema = m_objectSchema;
+  m_objectSchema = kNoSchema;
+  return schema;
+}
+
+void CArchive::WriteIndexTag(DWORD index, DWORD flag) {
+  if (index < kBigObjectTag) {
+    Put<WORD>(static_cast<WORD>(index | (flag ? kClassTag : 0)));
+  } else {
+    Put<WORD>(kBigObjectTag);
+    Put<DWORD>(index | flag);
+  }
+}
+
+void CArchive::WriteClass(const CRuntimeClass* cls) {
+  const auto it = m_storeMap.find(cls);
+  if (it != m_storeMap.end()) {
+    WriteIndexTag(it->second, kBigClassTag);
+    return;
+  }
+  const std::size_t len = std::strlen(cls->m_lpszClassName);
+  Put<WORD>(kNewClassTag);
+  Put<WORD>(static_cast<WORD>(cls->GetSchema()));
+  Put<WORD>(static_cast<WORD>(len));
+  Write(cls->m_lpszClassName, static_cast<UINT>(len));
+  m_storeMap.emplace(cls, m_nextIndex++);
+}
+
+void CArchive::WriteObject(const CObject* p) {
+  if (m_loading) ThrowFailure(CArchiveException::readOnly, "write to an archive that is loading");
+  if (p == nullptr) {
+    Put<WORD>(kNullTag);
+    return;
+  }
+  const auto it = m_storeMap.find(p);
+  if (it != m_storeMap.end()) {
+    WriteIndexTag(it->second, 0);
+    return;
+  }
+  WriteClass(p->GetRuntimeClass());
+  m_storeMap.emplace(p, m_nextIndex++);
+  const_cast<CObject*>(p)->Serialize(*this);
+}
+
+const CRuntimeClass* CArchive::ReadNewClass(UINT* schema) {
+  const std::size_t at = GetPosition() - 2;
+  *schema = Get<WORD>();
+  const WORD len = Get<WORD>();
+  if (len >= kMaxClassNameLength) {
+    throw CArchiveException(CArchiveException::badClass, m_name, at,
+                            "class name of " + std::to_string(len) + " bytes (at most 63)");
+  }
+  char name[kMaxClassNameLength];
+  ReadExact(name, len, "class name");
+  name[len] = '\0';
+  const CRuntimeClass* cls = CRuntimeClass::FromName(name);
+  if (cls == nullptr) {
+    throw CArchiveException(CArchiveException::badClass, m_name, at,
+                            "unknown record class \"" + std::string(name) + "\"");
+  }
+  if (*schema != cls->GetSchema() && !cls->IsVersionable()) {
+    throw CArchiveException(CArchiveException::badSchema, m_name, at,
+                            std::string(name) + " stored with schema " + std::to_string(*schema) +
+                                "; this library reads only schema " +
+                                std::to_string(cls->GetSchema()));
+  }
+  LoadEntry entry;
+  entry.cls = cls;
+  entry.schema = *schema;
+  entry.kind = LoadEntry::Class;
+  m_loadTable.push_back(entry);
+  return cls;
+}
+
+CObject* CArchive::ReadNewObject(const CRuntimeClass* cls, UINT schema, bool shared) {
+  if (m_depth >= kMaxObjectDepth) {
+    ThrowFailure(CArchiveException::genericException,
+                 "records nested more than " + std::to_string(kMaxObjectDepth) + " levels deep");
+  }
+  std::unique_ptr<CObject> obj(cls->CreateObject());
+  if (!obj) ThrowFailure(CArchiveException::badClass, std::string(cls->m_lpszClassName) + " cannot be created");
+  const std::size_t index = m_loadTable.size();
+  LoadEntry entry;
+  entry.cls = cls;
+  entry.obj = obj.get();
+  entry.kind = shared ? LoadEntry::Shared : LoadEntry::Owned;
+  m_loadTable.push_back(entry);
+
+  const UINT savedSchema = m_objectSchema;
+  m_objectSchema = schema;
+  ++m_depth;
+  try {
+    obj->Serialize(*this);
+  } catch (...) {
+    --m_depth;
+    m_objectSchema = savedSchema;
+    m_loadTable[index].obj = nullptr;
+    m_loadTable[index].kind = LoadEntry::Dead;
+    throw;
+  }
+  --m_depth;
+  m_objectSchema = savedSchema;
+  if (shared) {
+    m_sharedPool.push_back(std::move(obj));
+    return m_sharedPool.back().get();
+  }
+  return obj.release();
+}
+
+CObject* CArchive::ReadObjectTag(const CRuntimeClass* requested, bool shared, bool* isNew) {
+  if (!m_loading) ThrowFailure(CArchiveException::writeOnly, "read from an archive that is storing");
+  *isNew = false;
+  if (m_loadTable.empty()) m_loadTable.emplace_back();  // index 0: null
+  const std::size_t at = GetPosition();
+  const WORD w = Get<WORD>();
+  const CRuntimeClass* cls = nullptr;
+  UINT schema = 0;
+  if (w == kNewClassTag) {
+    cls = ReadNewClass(&schema);
+  } else {
+    const DWORD tag = w == kBigObjectTag
+                          ? Get<DWORD>()
+                          : ((static_cast<DWORD>(w & kClassTag) << 16) | (w & kBigObjectTag));
+    if ((tag & kBigClassTag) == 0) {
+      if (tag == 0) return nullptr;
+      if (tag >= m_loadTable.size()) {
+        throw CArchiveException(CArchiveException::badIndex, m_name, at,
+                                "reference to entry #" + std::to_string(tag) + ", but only " +
+                                    std::to_string(m_loadTable.size() - 1) +
+                                    " classes and records were read so far");
+      }
+      const LoadEntry& e = m_loadTable[tag];
+      if (e.kind == LoadEntry::Class) {
+        throw CArchiveException(CArchiveException::badIndex, m_name, at,
+                                "reference to entry #" + std::to_string(tag) +
+                                    ", which is a class, where a record is expected");
+      }
+      if (e.kind == LoadEntry::Dead) {
+        throw CArchiveException(CArchiveException::badIndex, m_name, at,
+                                "reference to record #" + std::to_string(tag) +
+                                    ", which failed to load");
+      }
+      if (requested != nullptr && !e.obj->IsKindOf(requested)) {
+        throw CArchiveException(CArchiveException::badClass, m_name, at,
+                                "reference to a " + std::string(e.cls->m_lpszClassName) +
+                                    " where a " + requested->m_lpszClassName + " is expected");
+      }
+      if (!shared || e.kind == LoadEntry::Owned) {
+        throw CArchiveException(CArchiveException::badIndex, m_name, at,
+                                "record #" + std::to_string(tag) + " (" +
+                                    e.cls->m_lpszClassName +
+                                    ") is stored once and referenced again where a record of "
+                                    "its own is expected");
+      }
+      return e.obj;
+    }
+    const DWORD c = tag & ~kBigClassTag;
+    if (c == 0 || c >= m_loadTable.size() || m_loadTable[c].kind != LoadEntry::Class) {
+      throw CArchiveException(CArchiveException::badIndex, m_name, at,
+                              "class reference #" + std::to_string(c) + " names no class");
+    }
+    cls = m_loadTable[c].cls;
+    schema = m_loadTable[c].schema;
+  }
+  if (requested != nullptr && !cls->IsDerivedFrom(requested)) {
+    throw CArchiveException(CArchiveException::badClass, m_name, at,
+                            "a " + std::string(cls->m_lpszClassName) + " where a " +
+                                requested->m_lpszClassName + " is expected");
+  }
+  *isNew = true;
+  return ReadNewObject(cls, schema, shared);
+}
+
+std::unique_ptr<CObject> CArchive::ReadOwnedObject(const CRuntimeClass* requested) {
+  bool isNew = false;
+  return std::unique_ptr<CObject>(ReadObjectTag(requested, false, &isNew));
+}
+
+CObject* CArchive::ReadSharedObject(const CRuntimeClass* requested) {
+  bool isNew = false;
+  return ReadObjectTag(requested, true, &isNew);
+}
+
+std::vector<std::unique_ptr<CObject>> CArchive::TakeSharedObjects() {
+  std::vector<std::unique_ptr<CObject>> out;
+  out.swap(m_sharedPool);
+  return out;
+}
+
+}  // namespace persona

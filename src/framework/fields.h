@@ -1,0 +1,175 @@
+// One description per record. Each record class lists its fields once, in a member template
+//
+//     template <class V> void Fields(V& v) {
+//       v("EskId", m_EskId);             // name = the accessor stem (GetEskId / SetEskId)
+//       v("Npspac", m_Npspac, Since{3}); // added by schema 3: read only from schema 3 on
+//       v("AltPttIndex", m_alt, Transient{});  // held in memory only
+//     }
+//
+// and generic code does the repetitive work from that list:
+//   - SerializeFields(ar, rec, schema): stores every field in list order and loads the fields
+//     that the stored schema has (a record whose archive order is a plain sequence lists its
+//     fields in archive order and needs nothing else in Serialize);
+//   - CObject::VisitFields (through PERSONA_FIELDS): hands every field, with its name, to a
+//     run-time CFieldVisitor (JSON export and import, field-by-field diff, generic tests).
+// A class lists only its own fields; PERSONA_FIELDS(Base) chains to the base class first.
+#pragma once
+
+#include <cstddef>
+#include <type_traits>
+
+#include "framework/archive.h"
+#include "framework/collections.h"
+#include "framework/cstring.h"
+#include "framework/object.h"
+#include "framework/types.h"
+
+namespace persona {
+
+// Field options.
+struct Since {  // archived from this schema on; older objects keep the constructor default
+  unsigned schema;
+};
+struct Transient {};  // held in memory only: not archived, exported or compared
+struct Hex {};        // a code best shown in hexadecimal
+
+// What a run-time visitor learns about a field besides its value.
+struct FieldInfo {
+  const char* name;
+  unsigned since;  // 0 or 1: present in every schema
+  bool hex;
+};
+
+// Run-time visitor over the described fields of a record; one overload per field type.
+class CFieldVisitor {
+ public:
+  virtual ~CFieldVisitor() = default;
+  virtual void Field(const FieldInfo& f, bool& v) = 0;
+  virtual void Field(const FieldInfo& f, BYTE& v) = 0;
+  virtual void Field(const FieldInfo& f, WORD& v) = 0;
+  virtual void Field(const FieldInfo& f, short& v) = 0;
+  virtual void Field(const FieldInfo& f, DWORD& v) = 0;
+  virtual void Field(const FieldInfo& f, LONG& v) = 0;
+  virtual void Field(const FieldInfo& f, double& v) = 0;
+  virtual void Field(const FieldInfo& f, CString& v) = 0;
+  virtual void Field(const FieldInfo& f, CStringArray& v) = 0;
+  virtual void Field(const FieldInfo& f, CWordArray& v) = 0;
+  // A fixed array of 16-bit values (tone tables).
+  virtual void Field(const FieldInfo& f, WORD* values, std::size_t count) = 0;
+  // Records owned by this record (set elements, option sub-records), in order.
+  virtual void Field(const FieldInfo& f, COwnedObList& v) = 0;
+  // Records this record refers to without owning them (security key lists).
+  virtual void Field(const FieldInfo& f, CObList& v) = 0;
+};
+
+namespace fields_detail {
+
+template <class... O>
+constexpr unsigned SinceOf(const O&... opts) {
+  unsigned since = 0;
+  (
+      [&](const auto& o) {
+        if constexpr (std::is_same_v<std::decay_t<decltype(o)>, Since>) since = o.schema;
+      }(opts),
+      ...);
+  return since;
+}
+
+template <class T, class... O>
+constexpr bool Has() {
+  return (std::is_same_v<T, O> || ...);
+}
+
+}  // namespace fields_detail
+
+// Archives the fields of a record in list order (see the file comment).
+class FieldArchiver {
+ public:
+  // schema: the stored schema of the object being loaded (8-bit; 255 = none); ignored when
+  // storing.
+  FieldArchiver(CArchive& ar, BYTE schema) : m_ar(ar), m_schema(schema), m_loading(ar.IsLoading()) {}
+
+  template <class T, class... O>
+  void operator()(const char*, T& member, const O&... opts) {
+    if constexpr (fields_detail::Has<Transient, O...>()) {
+      return;
+    } else {
+      if (!m_loading) {
+        Store(member);
+        return;
+      }
+      const unsigned since = fields_detail::SinceOf(opts...);
+      if (since <= 1 || SchemaAtLeast(m_schema, since)) Load(member);
+    }
+  }
+
+ private:
+  template <class T>
+  void Store(T& m) {
+    if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, CString>) {
+      m_ar << m;
+    } else if constexpr (std::is_array_v<T>) {
+      for (auto& e : m) m_ar << e;
+    } else {
+      m.Serialize(m_ar);
+    }
+  }
+  template <class T>
+  void Load(T& m) {
+    if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, CString>) {
+      m_ar >> m;
+    } else if constexpr (std::is_array_v<T>) {
+      for (auto& e : m) m_ar >> e;
+    } else {
+      m.Serialize(m_ar);
+    }
+  }
+
+  CArchive& m_ar;
+  BYTE m_schema;
+  bool m_loading;
+};
+
+// Stores or loads the fields that rec.Fields lists (see the file comment).
+template <class R>
+void SerializeFields(CArchive& ar, R& rec, BYTE schema = 255) {
+  FieldArchiver archiver(ar, schema);
+  rec.Fields(archiver);
+}
+
+// Bridges a record's Fields template to a run-time CFieldVisitor.
+class FieldAdapter {
+ public:
+  explicit FieldAdapter(CFieldVisitor& v) : m_v(v) {}
+
+  template <class T, class... O>
+  void operator()(const char* name, T& member, const O&... opts) {
+    static_assert(!std::is_enum_v<T>, "hold enumerations as integers of their archived width");
+    if constexpr (fields_detail::Has<Transient, O...>()) {
+      return;
+    } else {
+      const FieldInfo info{name, fields_detail::SinceOf(opts...), fields_detail::Has<Hex, O...>()};
+      if constexpr (std::is_array_v<T>) {
+        static_assert(std::is_same_v<std::remove_extent_t<T>, WORD>, "only WORD arrays");
+        m_v.Field(info, member, std::extent_v<T>);
+      } else {
+        m_v.Field(info, member);
+      }
+    }
+  }
+
+ private:
+  CFieldVisitor& m_v;
+};
+
+}  // namespace persona
+
+// In the class body of a record whose fields are described by a Fields template: makes them
+// reachable at run time, after the fields of `base` (CObject has none).
+#define PERSONA_FIELDS(base)                                   \
+ public:                                                       \
+  void VisitFields(::persona::CFieldVisitor& v) override {     \
+    base::VisitFields(v);                                      \
+    ::persona::FieldAdapter adapter(v);                        \
+    Fields(adapter);                                           \
+  }

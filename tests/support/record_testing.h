@@ -1,0 +1,31 @@
+// Generic record checks built on the records' field descriptions: fill every described field
+// with a distinctive value, dump a record's fields as text, and round-trip a record through
+// the archive. Use these for the plain repetition; keep hand-checked byte expectations and
+// load repairs in the record's own tests.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "framework/fields.h"
+#include "framework/object.h"
+
+namespace persona::test {
+
+// Sets every described scalar, string and array field of rec to a value that differs from
+// field to field and from the usual defaults; seed varies the values between records.
+// Owned and shared sub-record lists are left alone.
+void FillFields(CObject& rec, int seed = 1);
+
+// One line per described field ("Name = value"), sub-records indented below their list.
+std::string DumpFields(CObject& rec);
+
+// Names of the described fields of rec, in order.
+std::vector<std::string> FieldNames(CObject& rec);
+
+// Stores rec, loads the bytes back, checks (with gtest assertions) that the loaded record's
+// fields equal rec's and that storing it again gives the same bytes. Returns the bytes.
+std::vector<BYTE> ExpectRoundTrip(CObject& rec);
+
+}  // namespace persona::test

@@ -1,0 +1,33 @@
+// Test helpers: reading the archive vectors and other files of tests/data, and running a
+// store or a load over memory.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "framework/archive.h"
+#include "framework/file.h"
+#include "framework/object.h"
+
+namespace persona::test {
+
+// Bytes of tests/data/<relative>; fails the test (throws) when the file is missing.
+std::vector<BYTE> ReadTestFile(const std::string& relative);
+
+// Stores obj as the root object of a fresh archive and returns the bytes.
+std::vector<BYTE> StoreObject(const CObject* obj);
+
+// Loads the root object of bytes, which must be of cls; name is used in failure messages.
+std::unique_ptr<CObject> LoadObject(const std::vector<BYTE>& bytes, const CRuntimeClass* cls,
+                                    const std::string& name = "test.bin");
+
+template <class T>
+std::unique_ptr<T> LoadAs(const std::vector<BYTE>& bytes, const std::string& name = "test.bin") {
+  return std::unique_ptr<T>(static_cast<T*>(LoadObject(bytes, RUNTIME_CLASS(T), name).release()));
+}
+
+// Hex dump of bytes, for readable failure messages.
+std::string Hex(const std::vector<BYTE>& bytes);
+
+}  // namespace persona::test
