@@ -32,6 +32,20 @@ struct Since {  // archived from this schema on; older objects keep the construc
 };
 struct Transient {};  // held in memory only: not archived, exported or compared
 struct Hex {};        // a code best shown in hexadecimal
+// Report hints, used by the option report blocks and ignored by the archive.
+struct Label {  // the field's label in its record's report block
+  const char* text;
+};
+struct OnOff {};  // a switch printed "Off" / "On"
+struct Words {    // a code printed through a word list (the code indexes the list)
+  const char* const* words;
+  std::size_t count;
+};
+// Words over a static array of texts: Words(kBaudWords).
+template <std::size_t N>
+constexpr Words WordsOf(const char* const (&words)[N]) {
+  return Words{words, N};
+}
 
 // What a run-time visitor learns about a field besides its value.
 struct FieldInfo {
