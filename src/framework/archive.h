@@ -156,7 +156,7 @@ class CArchive {
   }
   template <class T, std::enable_if_t<std::is_base_of_v<CObject, T>, int> = 0>
   CArchive& operator>>(T*& p) {
-    p = static_cast<T*>(ReadObject(RUNTIME_CLASS(T)));
+    p = static_cast<T*>(ReadObject(T::GetThisClass()));
     return *this;
   }
 

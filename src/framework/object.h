@@ -52,6 +52,7 @@ void EnsureClassesRegistered();
 class CObject {
  public:
   static const CRuntimeClass classCObject;
+  static const CRuntimeClass* GetThisClass() { return &classCObject; }
 
   CObject() = default;
   CObject(const CObject&) = default;
@@ -89,6 +90,9 @@ CObject* CopyObjectOf(const CObject& src) {
 #define DECLARE_SERIAL(class_name)                                   \
  public:                                                             \
   static const ::persona::CRuntimeClass class##class_name;           \
+  static const ::persona::CRuntimeClass* GetThisClass() {            \
+    return &class##class_name;                                       \
+  }                                                                  \
   const ::persona::CRuntimeClass* GetRuntimeClass() const override { \
     return &class##class_name;                                       \
   }

@@ -1,0 +1,183 @@
+// CSet: the element list rules, deep copy by element class, appending assignment and the
+// archive form (element order, name, type and scope).
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "core/set.h"
+#include "framework/exceptions.h"
+#include "options/macro.h"
+#include "options/status_message.h"
+#include "support/record_testing.h"
+#include "support/test_data.h"
+#include "systems/esk_data.h"
+
+namespace persona {
+namespace {
+
+CStatusMessage* Msg(const char* name, WORD id) {
+  auto* m = new CStatusMessage;
+  m->SetName(name);
+  m->SetId(id);
+  return m;
+}
+
+CString NameAt(const CSet& set, int i) { return static_cast<CStatusMessage*>(set.GetAt(i))->GetName(); }
+
+TEST(Set, ConstructorsSetNameTypeAndScope) {
+  CSet plain;
+  EXPECT_EQ(plain.GetName(), "");
+  EXPECT_EQ(plain.GetSetType(), 0);
+  EXPECT_EQ(plain.GetScope(), 0);
+  CSet typed(P25GroupSetType);
+  EXPECT_EQ(typed.GetSetType(), 9);
+  CSet model(68, 1);
+  EXPECT_EQ(model.GetSetType(), 0);
+  EXPECT_EQ(model.GetSize(), 0);
+  EXPECT_EQ(model.Validate(), 1);
+}
+
+TEST(Set, PositionRules) {
+  CSet set;
+  set.Add(Msg("A", 1));
+  set.Add(Msg("B", 2));
+  set.InsertAt(5, Msg("C", 3));   // not a position: goes to the front
+  set.InsertAt(-1, Msg("D", 4));  // likewise
+  set.InsertAt(2, Msg("E", 5));   // before the element at 2
+  ASSERT_EQ(set.GetSize(), 5);
+  EXPECT_EQ(NameAt(set, 0), "D");
+  EXPECT_EQ(NameAt(set, 1), "C");
+  EXPECT_EQ(NameAt(set, 2), "E");
+  EXPECT_EQ(NameAt(set, 3), "A");
+  EXPECT_EQ(NameAt(set, 4), "B");
+
+  EXPECT_EQ(set.GetAt(5), nullptr);
+  EXPECT_THROW(set.GetAt(-1), CInvalidArgException);
+
+  std::unique_ptr<CObject> old(set.SetAt(0, Msg("F", 6)));  // the caller gets the old one back
+  EXPECT_EQ(static_cast<CStatusMessage*>(old.get())->GetName(), "D");
+  std::unique_ptr<CStatusMessage> spare(Msg("G", 7));
+  EXPECT_THROW(set.SetAt(5, spare.get()), CInvalidArgException);
+  EXPECT_THROW(set.SetAt(-1, spare.get()), CInvalidArgException);
+
+  set.DeleteAt(9);  // beyond the end: nothing
+  EXPECT_EQ(set.GetSize(), 5);
+  EXPECT_THROW(set.DeleteAt(-1), CInvalidArgException);
+  set.DeleteAt(1);
+  EXPECT_EQ(set.GetSize(), 4);
+  EXPECT_EQ(NameAt(set, 1), "E");
+
+  set.Delete();
+  EXPECT_EQ(set.GetSize(), 0);
+  set.Delete();  // an empty set stays empty
+  EXPECT_EQ(set.GetSize(), 0);
+}
+
+// A set whose type byte is 11 or more is outside every list: DeleteAt leaves it alone.
+class TypedSet : public CSet {
+ public:
+  explicit TypedSet(BYTE type) { SetSetType(type); }
+  int cleared = 0;
+
+ protected:
+  void DeleteSetReferencesToElement(const CObject&) override { ++cleared; }
+};
+
+TEST(Set, DeleteAtClearsReferencesOnlyForChannelAndGroupSets) {
+  for (int type = 0; type <= 12; ++type) {
+    TypedSet set(static_cast<BYTE>(type));
+    set.Add(Msg("A", 1));
+    set.DeleteAt(0);
+    const bool clears = type == 1 || type == 2 || type == 8 || type == 9 || type == 10;
+    EXPECT_EQ(set.cleared, clears ? 1 : 0) << "type " << type;
+    EXPECT_EQ(set.GetSize(), type >= 11 ? 1 : 0) << "type " << type;
+  }
+}
+
+TEST(Set, CopiesCarryOnlyTheElevenElementClasses) {
+  CSet src(PhoneSetType);
+  src.SetName("Src");
+  src.SetScope(1);
+  src.Add(Msg("Status", 1));  // a status message is not one of the set element classes
+  src.Add(new CEskData);
+  CSet copy(src);
+  EXPECT_EQ(copy.GetName(), "Src");
+  EXPECT_EQ(copy.GetSetType(), 3);
+  EXPECT_EQ(copy.GetScope(), 1);
+  EXPECT_EQ(copy.GetSize(), 0);
+  EXPECT_TRUE(CSet::IsCopiedElementClass("CExtAddGroup"));
+  EXPECT_TRUE(CSet::IsCopiedElementClass("CPlmSpCall"));
+  EXPECT_FALSE(CSet::IsCopiedElementClass("cgroup"));
+  EXPECT_FALSE(CSet::IsCopiedElementClass("CEskData"));
+}
+
+TEST(Set, AssignmentAppendsAndCopiesNameTypeScope) {
+  CSet target;
+  target.Add(Msg("Kept", 1));
+  CSet src(ConvSetType);
+  src.SetName("Other");
+  src.SetScope(1);
+  target = src;
+  EXPECT_EQ(target.GetName(), "Other");
+  EXPECT_EQ(target.GetSetType(), 1);
+  EXPECT_EQ(target.GetScope(), 1);
+  ASSERT_EQ(target.GetSize(), 1);  // the old element stays in front
+  EXPECT_EQ(NameAt(target, 0), "Kept");
+  target = target;  // appending to itself copies nothing it cannot copy, and does not loop
+  EXPECT_EQ(target.GetSize(), 1);
+}
+
+TEST(Set, RenamesMoveTheNameEpoch) {
+  const auto before = CSet::NameEpoch();
+  CSet set;
+  set.SetName("X");
+  EXPECT_GT(CSet::NameEpoch(), before);
+}
+
+TEST(Set, ArchiveKeepsOrderNameTypeAndScope) {
+  CSet set(SpCallSetType);
+  set.SetName("Field Units");
+  set.SetScope(1);
+  set.Add(Msg("One", 1));
+  set.Add(Msg("Two", 2));
+  const std::vector<BYTE> bytes = test::StoreObject(&set);
+  EXPECT_EQ(test::Hex(bytes),
+            "ff ff 01 00 04 00 43 53 65 74 02 00 ff ff 01 00 0e 00 43 53 74 61 74 75 73 4d 65 73 "
+            "73 61 67 65 03 4f 6e 65 01 00 03 80 03 54 77 6f 02 00 0b 46 69 65 6c 64 20 55 6e 69 "
+            "74 73 05 01");
+  auto loaded = test::LoadAs<CSet>(bytes);
+  EXPECT_EQ(loaded->GetName(), "Field Units");
+  EXPECT_EQ(loaded->GetSetType(), 5);
+  EXPECT_EQ(loaded->GetScope(), 1);
+  ASSERT_EQ(loaded->GetSize(), 2);
+  EXPECT_EQ(NameAt(*loaded, 0), "One");
+  EXPECT_EQ(NameAt(*loaded, 1), "Two");
+  test::ExpectRoundTrip(set);
+}
+
+TEST(SmallRecords, ArchiveFormsAndCopies) {
+  CStatusMessage msg;
+  msg.SetName("Enroute");
+  msg.SetId(0x1234);
+  EXPECT_EQ(test::Hex(test::StoreObject(&msg)),
+            "ff ff 01 00 0e 00 43 53 74 61 74 75 73 4d 65 73 73 61 67 65 07 45 6e 72 6f 75 74 65 "
+            "34 12");
+  CMacro macro;
+  macro.SetActivate(0xBEEF);
+  macro.SetStroke(7);
+  // Activate is held in 32 bits.
+  EXPECT_EQ(test::Hex(test::StoreObject(&macro)),
+            "ff ff 01 00 06 00 43 4d 61 63 72 6f ef be 00 00 07 00");
+  CMacro copy;
+  copy = &macro;
+  EXPECT_EQ(copy.GetActivate(), 0xBEEF);
+  EXPECT_EQ(copy.GetStroke(), 7);
+  CEskData key;
+  test::FillFields(key, 3);
+  CEskData keyCopy(key);
+  EXPECT_EQ(test::DumpFields(keyCopy), test::DumpFields(key));
+  for (CObject* rec : std::initializer_list<CObject*>{&msg, &macro, &key}) test::ExpectRoundTrip(*rec);
+}
+
+}  // namespace
+}  // namespace persona
