@@ -123,7 +123,8 @@ TEST(Set, AssignmentAppendsAndCopiesNameTypeScope) {
   EXPECT_EQ(target.GetScope(), 1);
   ASSERT_EQ(target.GetSize(), 1);  // the old element stays in front
   EXPECT_EQ(NameAt(target, 0), "Kept");
-  target = target;  // appending to itself copies nothing it cannot copy, and does not loop
+  CSet& self = target;
+  target = self;  // appending to itself copies nothing it cannot copy, and does not loop
   EXPECT_EQ(target.GetSize(), 1);
 }
 
