@@ -1,0 +1,92 @@
+// Whole-file reads and atomic writes over POSIX rename.
+#include "io/file_io.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <random>
+
+#include "framework/exceptions.h"
+
+namespace persona {
+
+namespace {
+
+std::string FolderOf(const std::string& path) {
+  const std::size_t slash = path.find_last_of('/');
+  if (slash == std::string::npos) return ".";
+  return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+std::string TempPathFor(const std::string& path) {
+  static std::mt19937_64 rng(std::random_device{}());
+  char suffix[24];
+  std::snprintf(suffix, sizeof suffix, ".%016llx.tmp", static_cast<unsigned long long>(rng()));
+  return path + suffix;
+}
+
+// Flushes the folder entry of a rename to disk; a folder that cannot be opened is left to the
+// operating system (the data itself is already on disk).
+void SyncFolder(const std::string& folder) {
+  const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY);
+  if (fd < 0) return;
+  ::fsync(fd);
+  ::close(fd);
+}
+
+}  // namespace
+
+std::vector<BYTE> ReadWholeFile(const std::string& path) {
+  CFile file(path, CFile::modeRead);
+  const ULONGLONG length = file.GetLength();
+  std::vector<BYTE> bytes(static_cast<std::size_t>(length));
+  std::size_t got = 0;
+  while (got < bytes.size()) {
+    const UINT chunk = static_cast<UINT>(std::min<std::size_t>(bytes.size() - got, 1u << 30));
+    const UINT n = file.Read(bytes.data() + got, chunk);
+    if (n == 0) break;
+    got += n;
+  }
+  bytes.resize(got);
+  file.Close();
+  return bytes;
+}
+
+void WriteFileAtomically(const std::string& path, const std::vector<BYTE>& bytes,
+                         const AtomicWriteOptions& options) {
+  const std::string temp = TempPathFor(path);
+  try {
+    std::unique_ptr<CFile> file;
+    if (options.openTemp) {
+      file = options.openTemp(temp);
+    } else {
+      file = std::make_unique<CFile>(temp, CFile::modeCreate | CFile::modeWrite);
+    }
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+      const UINT chunk = static_cast<UINT>(std::min<std::size_t>(bytes.size() - done, 1u << 20));
+      file->Write(bytes.data() + done, chunk);
+      done += chunk;
+    }
+    file->Flush();
+    file->Close();
+    if (options.keepBackup && ::access(path.c_str(), F_OK) == 0) {
+      const std::string backup = path + ".bak";
+      ::unlink(backup.c_str());
+      if (::link(path.c_str(), backup.c_str()) != 0) {
+        throw CFileException::FromErrno(backup, errno, "keep a backup as");
+      }
+    }
+    if (std::rename(temp.c_str(), path.c_str()) != 0) {
+      throw CFileException::FromErrno(path, errno, "replace");
+    }
+  } catch (...) {
+    std::remove(temp.c_str());
+    throw;
+  }
+  SyncFolder(FolderOf(path));
+}
+
+}  // namespace persona
