@@ -4,7 +4,7 @@
 #   scripts/install-deps.sh bench    also the benchmark packages
 set -euo pipefail
 
-packages=(cmake ninja-build g++ libgtest-dev libgmock-dev)
+packages=(cmake ninja-build g++ libgtest-dev libgmock-dev nlohmann-json3-dev libcli11-dev)
 if [[ "${1:-}" == "bench" ]]; then
   packages+=(libbenchmark-dev libboost-serialization-dev)
 fi

@@ -3,6 +3,7 @@
 
 #include <limits>
 
+#include "framework/codepage.h"
 #include "framework/file.h"
 
 namespace persona {
@@ -15,42 +16,6 @@ constexpr WORD kClassTag = 0x8000;
 constexpr WORD kBigObjectTag = 0x7FFF;
 constexpr DWORD kBigClassTag = 0x80000000u;
 constexpr std::size_t kMaxClassNameLength = 64;
-
-// Windows-1252 byte for a Unicode code point, '?' where the code page has none.
-char ToWindows1252(DWORD cp) {
-  if (cp < 0x80 || (cp >= 0xA0 && cp <= 0xFF)) return static_cast<char>(cp);
-  switch (cp) {
-    case 0x81: case 0x8D: case 0x8F: case 0x90: case 0x9D: return static_cast<char>(cp);
-    case 0x20AC: return '\x80';
-    case 0x201A: return '\x82';
-    case 0x0192: return '\x83';
-    case 0x201E: return '\x84';
-    case 0x2026: return '\x85';
-    case 0x2020: return '\x86';
-    case 0x2021: return '\x87';
-    case 0x02C6: return '\x88';
-    case 0x2030: return '\x89';
-    case 0x0160: return '\x8A';
-    case 0x2039: return '\x8B';
-    case 0x0152: return '\x8C';
-    case 0x017D: return '\x8E';
-    case 0x2018: return '\x91';
-    case 0x2019: return '\x92';
-    case 0x201C: return '\x93';
-    case 0x201D: return '\x94';
-    case 0x2022: return '\x95';
-    case 0x2013: return '\x96';
-    case 0x2014: return '\x97';
-    case 0x02DC: return '\x98';
-    case 0x2122: return '\x99';
-    case 0x0161: return '\x9A';
-    case 0x203A: return '\x9B';
-    case 0x0153: return '\x9C';
-    case 0x017E: return '\x9E';
-    case 0x0178: return '\x9F';
-    default: return '?';
-  }
-}
 
 }  // namespace
 
@@ -251,7 +216,7 @@ CArchive& CArchive::operator>>(CString& s) {
         unit = 0x10000;
       }
     }
-    out.push_back(ToWindows1252(unit));
+    out.push_back(UnicodeToWindows1252(unit));
   }
   return *this;
 }

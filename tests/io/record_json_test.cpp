@@ -1,0 +1,163 @@
+// JSON form of records: exact document of a small record, lossless round trips in both
+// directions (shared records stay shared, every byte value of a string survives, non-finite
+// doubles), and clear failures for documents that describe no valid records.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "core/set.h"
+#include "io/json/record_json.h"
+#include "options/macro.h"
+#include "options/status_message.h"
+#include "support/record_testing.h"
+#include "support/test_data.h"
+#include "systems/esk_data.h"
+
+namespace persona {
+namespace {
+
+// A record that refers to key records it does not own, as trunk and group sets do.
+class CKeyHolder : public CObject {
+  DECLARE_SERIAL(CKeyHolder)
+ public:
+  CKeyHolder() = default;
+  CKeyHolder(const CKeyHolder&) = default;
+  CString m_Name;
+  double m_Freq = 0.0;
+  WORD m_Tone[2] = {0, 0};
+  CObList m_Keys{RUNTIME_CLASS(CEskData)};
+  void Serialize(CArchive& ar) override { SerializeFields(ar, *this); }
+  template <class V>
+  void Fields(V& v) {
+    v("Name", m_Name);
+    v("Freq", m_Freq);
+    v("Tone", m_Tone);
+    v("Keys", m_Keys);
+  }
+  PERSONA_FIELDS(CObject)
+};
+IMPLEMENT_SERIAL(CKeyHolder, CObject, 1)
+
+class RecordJson : public ::testing::Test {
+ protected:
+  void SetUp() override { CRuntimeClass::Register(RUNTIME_CLASS(CKeyHolder)); }
+};
+
+TEST_F(RecordJson, ExactDocumentOfASmallSet) {
+  CSet set(PhoneSetType);
+  set.SetName("Caf\xE9");
+  auto* msg = new CStatusMessage;
+  msg->SetName("At Scene");
+  msg->SetId(12);
+  set.Add(msg);
+  JsonExporter exporter;
+  EXPECT_EQ(exporter.Export(set).dump(),
+            R"({"$class":"CSet","Elements":[{"$class":"CStatusMessage","Name":"At Scene",)"
+            R"("Id":12}],"Name":"Café","SetType":3,"Scope":0})");
+}
+
+TEST_F(RecordJson, SharedRecordsStaySharedAndBytesSurvive) {
+  CEskData key;
+  key.SetEskId("Key \x80 one");
+  key.SetEsk(-9);
+  CSet set;
+  set.SetName(std::string("\x01\x7F\x81\x9D\xFF", 5));
+  auto* a = new CKeyHolder;
+  a->m_Name = "A";
+  a->m_Freq = std::numeric_limits<double>::quiet_NaN();
+  a->m_Tone[1] = 7;
+  a->m_Keys.AddTail(&key);
+  a->m_Keys.AddTail(nullptr);
+  auto* b = new CKeyHolder;
+  b->m_Name = "B";
+  b->m_Freq = 851.0125;
+  b->m_Keys.AddTail(&key);
+  set.Add(a);
+  set.Add(b);
+  const std::vector<BYTE> bytes = test::StoreObject(&set);
+
+  JsonExporter exporter;
+  const Json doc = exporter.Export(set);
+  const std::string text = doc.dump();
+  EXPECT_NE(text.find(R"("Keys":[{"$class":"CEskData","$id":1,)"), std::string::npos) << text;
+  EXPECT_NE(text.find(R"("Keys":[{"$ref":1}])"), std::string::npos) << text;
+  EXPECT_NE(text.find(R"("Freq":{"$f64":"7ff8000000000000"})"), std::string::npos) << text;
+
+  ImportedRecords back = ImportRecords(Json::parse(text), RUNTIME_CLASS(CSet), "set.json");
+  ASSERT_EQ(back.shared.size(), 1u);
+  auto* set2 = static_cast<CSet*>(back.root.get());
+  auto* a2 = static_cast<CKeyHolder*>(set2->GetAt(0));
+  auto* b2 = static_cast<CKeyHolder*>(set2->GetAt(1));
+  EXPECT_EQ(a2->m_Keys.GetAt(0), b2->m_Keys.GetAt(0));
+  EXPECT_TRUE(std::isnan(a2->m_Freq));
+  EXPECT_EQ(test::Hex(test::StoreObject(set2)), test::Hex(bytes));
+  JsonExporter again;
+  EXPECT_EQ(again.Export(*set2).dump(), text);
+}
+
+struct BadDoc {
+  const char* json;
+  const char* pointer;
+  const char* words;
+};
+
+TEST_F(RecordJson, DocumentsThatDescribeNoValidRecordsFailWithTheirPointer) {
+  const BadDoc cases[] = {
+      {R"({"Name":"x"})", "/", "\"$class\""},
+      {R"({"$class":"CNoSuch"})", "/", "unknown record class \"CNoSuch\""},
+      {R"({"$class":"CEskData"})", "/", "a CEskData where a CSet is expected"},
+      {R"({"$class":"CSet","Colour":1})", "/Colour", "no field \"Colour\""},
+      {R"({"$class":"CSet","Scope":256})", "/Scope", "256 is above 255"},
+      {R"({"$class":"CSet","Scope":-1})", "/Scope", "outside 0..255"},
+      {R"({"$class":"CSet","Name":7})", "/Name", "expected a string"},
+      {R"({"$class":"CSet","Name":"\u4e2d"})", "/Name", "Windows-1252"},
+      {R"({"$class":"CSet","Elements":[{"$class":"CKeyHolder","Keys":[{"$ref":4}]}]})",
+       "/Elements/0/Keys/0", "names no record"},
+      {R"({"$class":"CSet","Elements":[{"$class":"CKeyHolder","Keys":[{"$class":"CMacro"}]}]})",
+       "/Elements/0/Keys/0", "a CMacro where a CEskData is expected"},
+      {R"({"$class":"CSet","Elements":[{"$class":"CKeyHolder","Tone":[1]}]})", "/Elements/0/Tone",
+       "expected 2 values"},
+      {R"({"$class":"CSet","Elements":[{"$class":"CKeyHolder","Freq":{"$f64":"xyz"}}]})",
+       "/Elements/0/Freq", "16 hexadecimal digits"},
+      {R"({"$class":"CSet","Elements":[{"$class":"CEskData","$id":1}]})", "/Elements/0",
+       "a shared record where a record of its own is expected"},
+  };
+  for (const BadDoc& c : cases) {
+    try {
+      ImportRecords(Json::parse(c.json), RUNTIME_CLASS(CSet), "bad.json");
+      ADD_FAILURE() << c.json << " was accepted";
+    } catch (const CJsonImportException& e) {
+      EXPECT_EQ(e.m_pointer == "" ? std::string("/") : e.m_pointer, c.pointer) << c.json;
+      EXPECT_NE(std::string(e.what()).find(c.words), std::string::npos) << e.what();
+      EXPECT_EQ(std::string(e.what()).rfind("bad.json: ", 0), 0u) << e.what();
+    }
+  }
+}
+
+TEST_F(RecordJson, NestingIsLimited) {
+  std::string doc;
+  for (int i = 0; i < 40; ++i) doc += R"({"$class":"CSet","Elements":[)";
+  doc += R"({"$class":"CSet"})";
+  for (int i = 0; i < 40; ++i) doc += "]}";
+  try {
+    ImportRecords(Json::parse(doc), nullptr, "deep.json");
+    FAIL();
+  } catch (const CJsonImportException& e) {
+    EXPECT_NE(std::string(e.what()).find("nested"), std::string::npos);
+  }
+}
+
+TEST_F(RecordJson, EveryDescribedFieldOfTheSmallRecordsTravels) {
+  for (CObject* rec :
+       std::initializer_list<CObject*>{new CEskData, new CMacro, new CStatusMessage}) {
+    std::unique_ptr<CObject> owned(rec);
+    test::FillFields(*rec, 5);
+    JsonExporter exporter;
+    ImportedRecords back = ImportRecords(exporter.Export(*rec), rec->GetRuntimeClass());
+    EXPECT_EQ(test::DumpFields(*back.root), test::DumpFields(*rec));
+  }
+}
+
+}  // namespace
+}  // namespace persona
