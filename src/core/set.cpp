@@ -54,10 +54,9 @@ void CSet::SetName(CString name) {
 std::uint64_t CSet::NameEpoch() { return g_nameEpoch.load(std::memory_order_relaxed); }
 
 bool CSet::IsCopiedElementClass(const char* className) {
-  static const char* const kCopied[] = {"CTrunkChannel", "CConvChannel", "CP25ConvChannel",
-                                        "CExtAddGroup",  "CGroup",       "CP25Group",
-                                        "CPhoneCall",    "CICall",       "CSpCall",
-                                        "CPlmGroup",     "CPlmSpCall"};
+  static const char* const kCopied[] = {
+      "CTrunkChannel", "CConvChannel", "CP25ConvChannel", "CExtAddGroup", "CGroup",    "CP25Group",
+      "CPhoneCall",    "CICall",       "CSpCall",         "CPlmGroup",    "CPlmSpCall"};
   for (const char* name : kCopied) {
     if (std::strcmp(name, className) == 0) return true;
   }

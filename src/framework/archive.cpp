@@ -98,7 +98,8 @@ std::vector<BYTE> CArchive::TakeStoredBytes() {
 }
 
 UINT CArchive::Read(void* buffer, UINT count) {
-  if (!m_loading) ThrowFailure(CArchiveException::writeOnly, "read from an archive that is storing");
+  if (!m_loading)
+    ThrowFailure(CArchiveException::writeOnly, "read from an archive that is storing");
   const std::size_t n = std::min<std::size_t>(count, m_size - m_pos);
   if (n) std::memcpy(buffer, m_data + m_pos, n);
   m_pos += n;
@@ -106,7 +107,8 @@ UINT CArchive::Read(void* buffer, UINT count) {
 }
 
 void CArchive::ReadExact(void* buffer, std::size_t count, const char* what) {
-  if (!m_loading) ThrowFailure(CArchiveException::writeOnly, "read from an archive that is storing");
+  if (!m_loading)
+    ThrowFailure(CArchiveException::writeOnly, "read from an archive that is storing");
   if (m_size - m_pos < count) ThrowEnd(count, what);
   if (count) std::memcpy(buffer, m_data + m_pos, count);
   m_pos += count;
@@ -144,8 +146,8 @@ ULONGLONG CArchive::ReadCount() {
 void CArchive::CheckCount(ULONGLONG n, std::size_t minBytes, const char* what) const {
   if (minBytes != 0 && n > (m_size - m_pos) / minBytes) {
     ThrowFailure(CArchiveException::endOfFile,
-                 std::string(what) + " claims " + std::to_string(n) +
-                     " entries but only " + std::to_string(m_size - m_pos) + " bytes are left");
+                 std::string(what) + " claims " + std::to_string(n) + " entries but only " +
+                     std::to_string(m_size - m_pos) + " bytes are left");
   }
 }
 
@@ -304,7 +306,9 @@ CObject* CArchive::ReadNewObject(const CRuntimeClass* cls, UINT schema, bool sha
                  "records nested more than " + std::to_string(kMaxObjectDepth) + " levels deep");
   }
   std::unique_ptr<CObject> obj(cls->CreateObject());
-  if (!obj) ThrowFailure(CArchiveException::badClass, std::string(cls->m_lpszClassName) + " cannot be created");
+  if (!obj)
+    ThrowFailure(CArchiveException::badClass,
+                 std::string(cls->m_lpszClassName) + " cannot be created");
   const std::size_t index = m_loadTable.size();
   LoadEntry entry;
   entry.cls = cls;
@@ -334,7 +338,8 @@ CObject* CArchive::ReadNewObject(const CRuntimeClass* cls, UINT schema, bool sha
 }
 
 CObject* CArchive::ReadObjectTag(const CRuntimeClass* requested, bool shared, bool* isNew) {
-  if (!m_loading) ThrowFailure(CArchiveException::writeOnly, "read from an archive that is storing");
+  if (!m_loading)
+    ThrowFailure(CArchiveException::writeOnly, "read from an archive that is storing");
   *isNew = false;
   if (m_loadTable.empty()) m_loadTable.emplace_back();  // index 0: null
   const std::size_t at = GetPosition();
@@ -362,9 +367,9 @@ CObject* CArchive::ReadObjectTag(const CRuntimeClass* requested, bool shared, bo
                                     ", which is a class, where a record is expected");
       }
       if (e.kind == LoadEntry::Dead) {
-        throw CArchiveException(CArchiveException::badIndex, m_name, at,
-                                "reference to record #" + std::to_string(tag) +
-                                    ", which failed to load");
+        throw CArchiveException(
+            CArchiveException::badIndex, m_name, at,
+            "reference to record #" + std::to_string(tag) + ", which failed to load");
       }
       if (requested != nullptr && !e.obj->IsKindOf(requested)) {
         throw CArchiveException(CArchiveException::badClass, m_name, at,
@@ -373,8 +378,7 @@ CObject* CArchive::ReadObjectTag(const CRuntimeClass* requested, bool shared, bo
       }
       if (!shared || e.kind == LoadEntry::Owned) {
         throw CArchiveException(CArchiveException::badIndex, m_name, at,
-                                "record #" + std::to_string(tag) + " (" +
-                                    e.cls->m_lpszClassName +
+                                "record #" + std::to_string(tag) + " (" + e.cls->m_lpszClassName +
                                     ") is stored once and referenced again where a record of "
                                     "its own is expected");
       }

@@ -171,7 +171,8 @@ class CArchive {
   }
   template <class T>
   T Get() {
-    if (!m_loading) ThrowFailure(CArchiveException::writeOnly, "read from an archive that is storing");
+    if (!m_loading)
+      ThrowFailure(CArchiveException::writeOnly, "read from an archive that is storing");
     if (m_size - m_pos < sizeof(T)) ThrowEnd(sizeof(T), "value");
     T v;
     std::memcpy(&v, m_data + m_pos, sizeof(T));
@@ -207,7 +208,7 @@ class CArchive {
   const BYTE* m_data = nullptr;
   std::size_t m_size = 0;
   std::size_t m_pos = 0;
-  std::size_t m_base = 0;  // file position at which the archive started
+  std::size_t m_base = 0;     // file position at which the archive started
   std::vector<BYTE> m_input;  // the rest of a disk file, when not a CMemFile
   std::vector<LoadEntry> m_loadTable;
   std::vector<std::unique_ptr<CObject>> m_sharedPool;
@@ -226,6 +227,8 @@ inline BYTE ReadSchemaByte(CArchive& ar) { return static_cast<BYTE>(ar.GetObject
 
 // True when a field added by schema `since` is present in an object stored with `schema`
 // (an 8-bit stored schema; 255 means none and reads as the oldest layout).
-constexpr bool SchemaAtLeast(BYTE schema, unsigned since) { return schema != 255 && schema >= since; }
+constexpr bool SchemaAtLeast(BYTE schema, unsigned since) {
+  return schema != 255 && schema >= since;
+}
 
 }  // namespace persona

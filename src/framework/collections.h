@@ -176,8 +176,12 @@ class CValueArray {
 
   auto begin() const { return m_items.begin(); }
   auto end() const { return m_items.end(); }
-  friend bool operator==(const CValueArray& a, const CValueArray& b) { return a.m_items == b.m_items; }
-  friend bool operator!=(const CValueArray& a, const CValueArray& b) { return a.m_items != b.m_items; }
+  friend bool operator==(const CValueArray& a, const CValueArray& b) {
+    return a.m_items == b.m_items;
+  }
+  friend bool operator!=(const CValueArray& a, const CValueArray& b) {
+    return a.m_items != b.m_items;
+  }
 
  protected:
   std::vector<T> m_items;

@@ -22,11 +22,16 @@ unsigned char CString::UpperChar(unsigned char ch) {
   if (ch >= 'a' && ch <= 'z') return static_cast<unsigned char>(ch - 32);
   if (ch >= 0xE0 && ch <= 0xFE && ch != 0xF7) return static_cast<unsigned char>(ch - 32);
   switch (ch) {
-    case 0x9A: return 0x8A;  // s caron
-    case 0x9C: return 0x8C;  // oe
-    case 0x9E: return 0x8E;  // z caron
-    case 0xFF: return 0x9F;  // y diaeresis
-    default: return ch;
+    case 0x9A:
+      return 0x8A;  // s caron
+    case 0x9C:
+      return 0x8C;  // oe
+    case 0x9E:
+      return 0x8E;  // z caron
+    case 0xFF:
+      return 0x9F;  // y diaeresis
+    default:
+      return ch;
   }
 }
 
@@ -34,11 +39,16 @@ unsigned char CString::LowerChar(unsigned char ch) {
   if (ch >= 'A' && ch <= 'Z') return static_cast<unsigned char>(ch + 32);
   if (ch >= 0xC0 && ch <= 0xDE && ch != 0xD7) return static_cast<unsigned char>(ch + 32);
   switch (ch) {
-    case 0x8A: return 0x9A;
-    case 0x8C: return 0x9C;
-    case 0x8E: return 0x9E;
-    case 0x9F: return 0xFF;
-    default: return ch;
+    case 0x8A:
+      return 0x9A;
+    case 0x8C:
+      return 0x9C;
+    case 0x8E:
+      return 0x9E;
+    case 0x9F:
+      return 0xFF;
+    default:
+      return ch;
   }
 }
 

@@ -13,7 +13,7 @@ namespace persona {
 class CString {
  public:
   CString() = default;
-  CString(const char* text) : m_str(text ? text : "") {}  // NOLINT: implicit like the framework's
+  CString(const char* text) : m_str(text ? text : "") {}   // NOLINT: implicit like the framework's
   CString(const std::string& text) : m_str(text) {}        // NOLINT
   CString(std::string&& text) : m_str(std::move(text)) {}  // NOLINT
   CString(std::string_view text) : m_str(text) {}          // NOLINT
@@ -74,7 +74,9 @@ class CString {
     return *this;
   }
 
-  friend CString operator+(const CString& a, const CString& b) { return CString(a.m_str + b.m_str); }
+  friend CString operator+(const CString& a, const CString& b) {
+    return CString(a.m_str + b.m_str);
+  }
   friend CString operator+(const CString& a, const char* b) { return CString(a.m_str + b); }
   friend CString operator+(const char* a, const CString& b) { return CString(a + b.m_str); }
   friend CString operator+(const CString& a, char b) { return CString(a.m_str + b); }

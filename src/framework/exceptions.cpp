@@ -34,14 +34,22 @@ CArchiveException::CArchiveException(Cause cause, std::string fileName, std::siz
 
 const char* CArchiveException::CauseName(Cause cause) {
   switch (cause) {
-    case none: return "none";
-    case genericException: return "genericException";
-    case readOnly: return "readOnly";
-    case endOfFile: return "endOfFile";
-    case writeOnly: return "writeOnly";
-    case badIndex: return "badIndex";
-    case badClass: return "badClass";
-    case badSchema: return "badSchema";
+    case none:
+      return "none";
+    case genericException:
+      return "genericException";
+    case readOnly:
+      return "readOnly";
+    case endOfFile:
+      return "endOfFile";
+    case writeOnly:
+      return "writeOnly";
+    case badIndex:
+      return "badIndex";
+    case badClass:
+      return "badClass";
+    case badSchema:
+      return "badSchema";
   }
   return "unknown";
 }
@@ -57,16 +65,25 @@ CFileException CFileException::FromErrno(const std::string& fileName, int osErro
                                          const std::string& action) {
   Cause cause = genericException;
   switch (osError) {
-    case ENOENT: cause = fileNotFound; break;
+    case ENOENT:
+      cause = fileNotFound;
+      break;
     case EACCES:
     case EPERM:
-    case EROFS: cause = accessDenied; break;
+    case EROFS:
+      cause = accessDenied;
+      break;
     case ENOSPC:
-    case EDQUOT: cause = diskFull; break;
+    case EDQUOT:
+      cause = diskFull;
+      break;
     case ENAMETOOLONG:
     case ENOTDIR:
-    case EISDIR: cause = badPath; break;
-    default: break;
+    case EISDIR:
+      cause = badPath;
+      break;
+    default:
+      break;
   }
   return CFileException(cause, fileName, osError, action);
 }

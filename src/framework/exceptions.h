@@ -26,12 +26,12 @@ class CArchiveException : public CException {
   enum Cause {
     none,
     genericException,
-    readOnly,    // writing to a loading archive
-    endOfFile,   // the stream ended early
-    writeOnly,   // reading from a storing archive
-    badIndex,    // an object or class reference that names nothing valid
-    badClass,    // an unknown class, or an object of a class the caller did not ask for
-    badSchema,   // a non-versionable class stored with another schema
+    readOnly,   // writing to a loading archive
+    endOfFile,  // the stream ended early
+    writeOnly,  // reading from a storing archive
+    badIndex,   // an object or class reference that names nothing valid
+    badClass,   // an unknown class, or an object of a class the caller did not ask for
+    badSchema,  // a non-versionable class stored with another schema
   };
 
   // cause: what went wrong; fileName: the archive's file ("" for memory); offset: byte offset

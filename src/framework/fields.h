@@ -101,7 +101,8 @@ class FieldArchiver {
  public:
   // schema: the stored schema of the object being loaded (8-bit; 255 = none); ignored when
   // storing.
-  FieldArchiver(CArchive& ar, BYTE schema) : m_ar(ar), m_schema(schema), m_loading(ar.IsLoading()) {}
+  FieldArchiver(CArchive& ar, BYTE schema)
+      : m_ar(ar), m_schema(schema), m_loading(ar.IsLoading()) {}
 
   template <class T, class... O>
   void operator()(const char*, T& member, const O&... opts) {
@@ -180,10 +181,10 @@ class FieldAdapter {
 
 // In the class body of a record whose fields are described by a Fields template: makes them
 // reachable at run time, after the fields of `base` (CObject has none).
-#define PERSONA_FIELDS(base)                                   \
- public:                                                       \
-  void VisitFields(::persona::CFieldVisitor& v) override {     \
-    base::VisitFields(v);                                      \
-    ::persona::FieldAdapter adapter(v);                        \
-    Fields(adapter);                                           \
+#define PERSONA_FIELDS(base)                               \
+ public:                                                   \
+  void VisitFields(::persona::CFieldVisitor& v) override { \
+    base::VisitFields(v);                                  \
+    ::persona::FieldAdapter adapter(v);                    \
+    Fields(adapter);                                       \
   }

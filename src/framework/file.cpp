@@ -153,7 +153,7 @@ void CMemFile::Write(const void* buffer, UINT count) {
 }
 
 ULONGLONG CMemFile::Seek(LONGLONG offset, UINT from) {
-  const LONGLONG base = from == begin ? 0
+  const LONGLONG base = from == begin     ? 0
                         : from == current ? static_cast<LONGLONG>(m_pos)
                                           : static_cast<LONGLONG>(GetSize());
   const LONGLONG target = base + offset;

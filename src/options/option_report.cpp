@@ -31,8 +31,7 @@ void OptionBlock::Value(const std::string& label, const std::string& value) {
 
 void OptionBlock::Pair(const std::string& label1, const std::string& value1,
                        const std::string& label2, const std::string& value2) {
-  Line("   %-27s- %-15s%-28s- %s", label1.c_str(), value1.c_str(), label2.c_str(),
-       value2.c_str());
+  Line("   %-27s- %-15s%-28s- %s", label1.c_str(), value1.c_str(), label2.c_str(), value2.c_str());
 }
 
 void OptionBlock::End() { m_out.Add(CString()); }

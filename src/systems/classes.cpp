@@ -4,8 +4,6 @@
 
 namespace persona {
 
-void RegisterSystemsClasses() {
-  CRuntimeClass::Register(RUNTIME_CLASS(CEskData));
-}
+void RegisterSystemsClasses() { CRuntimeClass::Register(RUNTIME_CLASS(CEskData)); }
 
 }  // namespace persona

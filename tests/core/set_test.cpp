@@ -22,7 +22,9 @@ CStatusMessage* Msg(const char* name, WORD id) {
   return m;
 }
 
-CString NameAt(const CSet& set, int i) { return static_cast<CStatusMessage*>(set.GetAt(i))->GetName(); }
+CString NameAt(const CSet& set, int i) {
+  return static_cast<CStatusMessage*>(set.GetAt(i))->GetName();
+}
 
 TEST(Set, ConstructorsSetNameTypeAndScope) {
   CSet plain;
@@ -177,7 +179,8 @@ TEST(SmallRecords, ArchiveFormsAndCopies) {
   test::FillFields(key, 3);
   CEskData keyCopy(key);
   EXPECT_EQ(test::DumpFields(keyCopy), test::DumpFields(key));
-  for (CObject* rec : std::initializer_list<CObject*>{&msg, &macro, &key}) test::ExpectRoundTrip(*rec);
+  for (CObject* rec : std::initializer_list<CObject*>{&msg, &macro, &key})
+    test::ExpectRoundTrip(*rec);
 }
 
 }  // namespace

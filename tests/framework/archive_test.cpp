@@ -75,8 +75,8 @@ TEST(ArchiveEncoding, StringPrefixAtEveryBoundary) {
 
 TEST(ArchiveEncoding, WideStringsBecomeWindows1252) {
   // marker, length 4, then "€é" + U+4E2D (not in the code page) + a surrogate pair.
-  const std::vector<BYTE> bytes = {0xFF, 0xFE, 0xFF, 0x05, 0xAC, 0x20, 0xE9, 0x00,
-                                   0x2D, 0x4E, 0x3D, 0xD8, 0x00, 0xDE};
+  const std::vector<BYTE> bytes = {0xFF, 0xFE, 0xFF, 0x05, 0xAC, 0x20, 0xE9,
+                                   0x00, 0x2D, 0x4E, 0x3D, 0xD8, 0x00, 0xDE};
   CArchive ar(bytes.data(), bytes.size());
   CString s;
   ar >> s;
@@ -86,8 +86,8 @@ TEST(ArchiveEncoding, WideStringsBecomeWindows1252) {
 
 TEST(ArchiveEncoding, PrimitivesAreLittleEndianWithoutPadding) {
   const std::vector<BYTE> bytes = Store([](CArchive& ar) {
-    ar << BYTE{0x12} << WORD{0x3456} << DWORD{0x789ABCDE} << LONG{-2} << short{-3} << true
-       << 1.5 << ULONGLONG{0x0102030405060708ull};
+    ar << BYTE{0x12} << WORD{0x3456} << DWORD{0x789ABCDE} << LONG{-2} << short{-3} << true << 1.5
+       << ULONGLONG{0x0102030405060708ull};
   });
   EXPECT_EQ(Hex(bytes),
             "12 56 34 de bc 9a 78 fe ff ff ff fd ff 01 00 00 00 00 00 00 f8 3f "
@@ -99,8 +99,8 @@ TEST(ArchiveEncoding, PrimitivesAreLittleEndianWithoutPadding) {
 TEST(ArchiveEncoding, RandomRoundTrips) {
   std::mt19937 rng(20261121);
   const std::size_t lengths[] = {0, 1, 0xFE, 0xFF, 0x100, 0xFFFD, 0xFFFE, 0xFFFF, 0x10000};
-  const ULONGLONG counts[] = {0, 1, 0xFFFE, 0xFFFF, 0x10000, 0xFFFFFFFEull, 0xFFFFFFFFull,
-                              0x123456789ull};
+  const ULONGLONG counts[] = {
+      0, 1, 0xFFFE, 0xFFFF, 0x10000, 0xFFFFFFFEull, 0xFFFFFFFFull, 0x123456789ull};
   for (int round = 0; round < 20; ++round) {
     std::vector<int> kinds;
     std::vector<ULONGLONG> values;
@@ -120,12 +120,24 @@ TEST(ArchiveEncoding, RandomRoundTrips) {
     auto write = [&](CArchive& ar, const std::vector<ULONGLONG>& v, const std::vector<CString>& s) {
       for (std::size_t i = 0; i < kinds.size(); ++i) {
         switch (kinds[i]) {
-          case 0: ar << static_cast<BYTE>(v[i]); break;
-          case 1: ar << static_cast<WORD>(v[i]); break;
-          case 2: ar << static_cast<DWORD>(v[i]); break;
-          case 3: ar << static_cast<double>(static_cast<LONG>(v[i])) / 8.0; break;
-          case 4: ar << s[i]; break;
-          default: ar.WriteCount(v[i]); break;
+          case 0:
+            ar << static_cast<BYTE>(v[i]);
+            break;
+          case 1:
+            ar << static_cast<WORD>(v[i]);
+            break;
+          case 2:
+            ar << static_cast<DWORD>(v[i]);
+            break;
+          case 3:
+            ar << static_cast<double>(static_cast<LONG>(v[i])) / 8.0;
+            break;
+          case 4:
+            ar << s[i];
+            break;
+          default:
+            ar.WriteCount(v[i]);
+            break;
         }
       }
     };
@@ -135,9 +147,27 @@ TEST(ArchiveEncoding, RandomRoundTrips) {
     std::vector<CString> readStrings(kinds.size());
     for (std::size_t i = 0; i < kinds.size(); ++i) {
       switch (kinds[i]) {
-        case 0: { BYTE b; in >> b; readValues[i] = b; EXPECT_EQ(b, static_cast<BYTE>(values[i])); break; }
-        case 1: { WORD w; in >> w; readValues[i] = w; EXPECT_EQ(w, static_cast<WORD>(values[i])); break; }
-        case 2: { DWORD d; in >> d; readValues[i] = d; EXPECT_EQ(d, static_cast<DWORD>(values[i])); break; }
+        case 0: {
+          BYTE b;
+          in >> b;
+          readValues[i] = b;
+          EXPECT_EQ(b, static_cast<BYTE>(values[i]));
+          break;
+        }
+        case 1: {
+          WORD w;
+          in >> w;
+          readValues[i] = w;
+          EXPECT_EQ(w, static_cast<WORD>(values[i]));
+          break;
+        }
+        case 2: {
+          DWORD d;
+          in >> d;
+          readValues[i] = d;
+          EXPECT_EQ(d, static_cast<DWORD>(values[i]));
+          break;
+        }
         case 3: {
           double d;
           in >> d;
@@ -145,8 +175,14 @@ TEST(ArchiveEncoding, RandomRoundTrips) {
           EXPECT_EQ(d, static_cast<double>(static_cast<LONG>(values[i])) / 8.0);
           break;
         }
-        case 4: in >> readStrings[i]; EXPECT_TRUE(readStrings[i] == strings[i]); break;
-        default: readValues[i] = in.ReadCount(); EXPECT_EQ(readValues[i], values[i]); break;
+        case 4:
+          in >> readStrings[i];
+          EXPECT_TRUE(readStrings[i] == strings[i]);
+          break;
+        default:
+          readValues[i] = in.ReadCount();
+          EXPECT_EQ(readValues[i], values[i]);
+          break;
       }
     }
     EXPECT_EQ(in.GetRemaining(), 0u);
@@ -207,7 +243,8 @@ TEST(ArchiveObjects, WrongClassIsRefusedBeforeAnythingIsBuilt) {
     FAIL();
   } catch (const CArchiveException& e) {
     EXPECT_EQ(e.m_cause, CArchiveException::badClass);
-    EXPECT_NE(std::string(e.what()).find("a CMacro where a CEskData is expected"), std::string::npos);
+    EXPECT_NE(std::string(e.what()).find("a CMacro where a CEskData is expected"),
+              std::string::npos);
   }
   // A back-reference to a record of another class is refused too.
   CArchive again(bytes.data(), bytes.size(), "mixed.bin");

@@ -36,7 +36,8 @@ TEST(ArchiveVectors, StringsLoadAndTheSingleByteOnesStoreBack) {
       std::string(65534, 'r'),
       std::string(65535, 's'),
       std::string(70000, 't'),
-      "Gr\xFC\xDF" "e",
+      "Gr\xFC\xDF"
+      "e",
       std::string(300, 'u'),
   };
   CArchive ar(bytes.data(), bytes.size(), "strings.bin");
