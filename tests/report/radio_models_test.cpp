@@ -15,7 +15,9 @@ TEST(RadioModels, CatalogueIsOrderedAndComplete) {
   ASSERT_GT(count, 0u);
   for (std::size_t i = 0; i < count; ++i) {
     EXPECT_LE(std::strlen(rows[i].displayName), 24u) << rows[i].displayName;
-    if (i > 0) EXPECT_LT(rows[i - 1].radioType, rows[i].radioType);
+    if (i > 0) {
+      EXPECT_LT(rows[i - 1].radioType, rows[i].radioType);
+    }
     EXPECT_EQ(FindRadioModel(rows[i].radioType), &rows[i]);
   }
   for (DWORD code : {29u, 30u, 33u, 54u, 59u, 65u, 66u, 67u, 68u, 69u, 70u, 72u, 73u, 74u, 75u,
