@@ -111,6 +111,10 @@ void CSet::DeleteAt(int i) {
 
 void CSet::Delete() { m_elements.DeleteAll(); }
 
+void CSet::AdoptSharedRecords(std::vector<std::unique_ptr<CObject>> records) {
+  for (auto& r : records) m_adopted.push_back(std::move(r));
+}
+
 void CSet::DeleteSetReferencesToElement(const CObject&) {}
 
 void CSet::Serialize(CArchive& ar) {

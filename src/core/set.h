@@ -4,6 +4,8 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
+#include <vector>
 
 #include "core/set_types.h"
 #include "framework/collections.h"
@@ -88,6 +90,10 @@ class CSet : public CObject {
   // The owned element list, for the set classes and generic readers.
   const COwnedObList& Elements() const { return m_elements; }
 
+  // Keeps alive, for as long as this set lives, records that its key list refers to and that
+  // came with it from a file of its own (a global set file); they are not copied with the set.
+  void AdoptSharedRecords(std::vector<std::unique_ptr<CObject>> records);
+
  protected:
   // Called by DeleteAt for set types 1, 2, 8, 9 and 10 before element is removed: clears
   // the names inside this set that refer to it. The base has none.
@@ -104,6 +110,7 @@ class CSet : public CObject {
   CString m_strName;
   BYTE m_setType = 0;
   BYTE m_scope = 0;
+  std::vector<std::unique_ptr<CObject>> m_adopted;
 };
 
 }  // namespace persona

@@ -59,9 +59,9 @@ constexpr RadioModel kModels[] = {
 }  // namespace
 
 const RadioModel* FindRadioModel(DWORD radioType) {
-  const auto it = std::lower_bound(
-      std::begin(kModels), std::end(kModels), radioType,
-      [](const RadioModel& row, DWORD code) { return row.radioType < code; });
+  const auto it =
+      std::lower_bound(std::begin(kModels), std::end(kModels), radioType,
+                       [](const RadioModel& row, DWORD code) { return row.radioType < code; });
   return (it != std::end(kModels) && it->radioType == radioType) ? &*it : nullptr;
 }
 

@@ -12,12 +12,12 @@ namespace persona {
 // Model classes, by what the model can run (the pruning rules of the library follow the same
 // lines).
 enum RadioModelClass : BYTE {
-  kMultiModeModel = 0,    // trunked and conventional systems
-  kTrunkedOnlyModel = 1,  // trunked systems only; conventional systems and sets are removed
-  kMessagingModel = 2,    // also runs the messaging system
-  kConventionalModel = 3, // conventional only; trunked systems are removed
-  kP25ConvModel = 4,      // also P25 conventional and extended-addressing trunked systems
-  kP25TrunkedModel = 5,   // also P25 trunked systems and their wide-area networks
+  kMultiModeModel = 0,     // trunked and conventional systems
+  kTrunkedOnlyModel = 1,   // trunked systems only; conventional systems and sets are removed
+  kMessagingModel = 2,     // also runs the messaging system
+  kConventionalModel = 3,  // conventional only; trunked systems are removed
+  kP25ConvModel = 4,       // also P25 conventional and extended-addressing trunked systems
+  kP25TrunkedModel = 5,    // also P25 trunked systems and their wide-area networks
 };
 
 struct RadioModel {

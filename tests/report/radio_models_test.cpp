@@ -20,9 +20,9 @@ TEST(RadioModels, CatalogueIsOrderedAndComplete) {
     }
     EXPECT_EQ(FindRadioModel(rows[i].radioType), &rows[i]);
   }
-  for (DWORD code : {29u, 30u, 33u, 54u, 59u, 65u, 66u, 67u, 68u, 69u, 70u, 72u, 73u, 74u, 75u,
-                     77u, 80u, 81u, 82u, 84u, 85u, 86u, 88u, 89u, 90u, 92u, 94u, 95u, 96u, 97u,
-                     101u, 102u, 103u, 104u, 105u, 106u, 4150u}) {
+  for (DWORD code : {29u, 30u, 33u, 54u, 59u,  65u,  66u,  67u,  68u,  69u,  70u,  72u, 73u,
+                     74u, 75u, 77u, 80u, 81u,  82u,  84u,  85u,  86u,  88u,  89u,  90u, 92u,
+                     94u, 95u, 96u, 97u, 101u, 102u, 103u, 104u, 105u, 106u, 4150u}) {
     EXPECT_NE(FindRadioModel(code), nullptr) << code;
   }
   EXPECT_EQ(FindRadioModel(2), nullptr);

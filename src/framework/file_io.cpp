@@ -1,5 +1,5 @@
 // Whole-file reads and atomic writes over POSIX rename.
-#include "io/file_io.h"
+#include "framework/file_io.h"
 
 #include <fcntl.h>
 #include <unistd.h>

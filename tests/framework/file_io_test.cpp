@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "framework/exceptions.h"
-#include "io/file_io.h"
+#include "framework/file_io.h"
 
 namespace persona {
 namespace {

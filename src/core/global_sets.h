@@ -1,0 +1,64 @@
+// Global set files: one set per file, shared by many personalities. A set whose scope byte is 1
+// is the local copy of a global set; refreshing a personality replaces each such copy with the
+// content of its file, or keeps the local copy (scope 0) and tells the user why.
+//
+// Files are named by the set's name and an extension per set kind (".TRS", ".GRS", ...). On
+// this platform the folder separator is '/', a file whose name differs only in letter case is
+// found (files copied from case-insensitive systems keep working), and a set name that holds a
+// folder separator or ".." never leads outside the folder. Writes are atomic: a failed write
+// leaves the global file that was there intact.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/set.h"
+#include "core/set_types.h"
+#include "framework/cstring.h"
+
+namespace persona {
+
+// One row of the global set table, in the order in which a refresh processes the set lists.
+struct GlobalSetKind {
+  SetType type;
+  const char* className;    // the set class that files of this kind hold
+  const char* extension;    // with the dot, in capitals
+  const char* messageName;  // leads the user messages, ends with a blank
+  bool checkFrequencies;    // refreshed sets must fit the personality's band limits
+};
+
+// The eleven rows in refresh order; *count receives 11.
+const GlobalSetKind* GlobalSetKinds(std::size_t* count);
+// The row of a set type, or null for a type outside 0 to 10.
+const GlobalSetKind* GlobalSetKindOf(int type);
+
+// True when name can be a file name inside a folder: not empty, no '/' or '\\', not "." or
+// ".." and without "..".
+bool IsSafeSetFileName(const CString& name);
+
+// The path of the global file of a set named name of the given type in directory (empty: the
+// current folder), e.g. "dir/East.GRS" for a group set named East. Returns false (path unchanged)
+// when the name is not safe or the type is invalid.
+bool GlobalSetPath(const CString& directory, const CString& name, int type, CString* path);
+
+// Finds the file at path, or, when there is none, a file in the same folder whose name differs
+// only in letter case; returns the path found, or path itself when there is none.
+CString ResolveGlobalSetFile(const CString& path);
+
+// Writes set to the file at path as its one object. When a file is there and confirmOverwrite
+// is true, the user is asked "File already exists, Overwrite existing global set?" and any
+// answer but Yes returns false. When the file cannot be written the user is told "Your set
+// could not be saved because <reason>." and false is returned; the old file stays intact.
+// Returns true when the file was written.
+bool WriteSet(CSet* set, CString path, bool confirmOverwrite);
+
+// Reads the set stored at path. Returns false (out untouched) when the file cannot be opened;
+// otherwise, when the stored object is of class className exactly, hands it over through out
+// (the caller owns it; its name upper-cased; the key records that came with it adopted by the
+// set) and returns true when its set type byte is setType as well. Archive faults of a
+// damaged file propagate as CArchiveException.
+bool ReadSetFile(const CString& path, const char* className, BYTE setType,
+                 std::unique_ptr<CSet>* out);
+
+}  // namespace persona
