@@ -24,7 +24,7 @@ std::unique_ptr<CObject> LoadObject(const std::vector<BYTE>& bytes, const CRunti
 
 template <class T>
 std::unique_ptr<T> LoadAs(const std::vector<BYTE>& bytes, const std::string& name = "test.bin") {
-  return std::unique_ptr<T>(static_cast<T*>(LoadObject(bytes, RUNTIME_CLASS(T), name).release()));
+  return std::unique_ptr<T>(static_cast<T*>(LoadObject(bytes, T::GetThisClass(), name).release()));
 }
 
 // Hex dump of bytes, for readable failure messages.
