@@ -195,6 +195,37 @@ TEST(PersonalityLoad, DamagedFileFailsWithOffsetAndLeavesNothingBehind) {
   }
 }
 
+// An option record that refers to key records without owning them, as set key lists do.
+class KeyHolder : public CSerial {
+  DECLARE_SERIAL(KeyHolder)
+ public:
+  CObList keys{RUNTIME_CLASS(CEskData)};
+  void Serialize(CArchive& ar) override { keys.Serialize(ar); }
+};
+IMPLEMENT_SERIAL(KeyHolder, CSerial, 1)
+
+TEST(PersonalityLoad, SharedKeyRecordsLiveAsLongAsThePersonality) {
+  CRuntimeClass::Register(RUNTIME_CLASS(KeyHolder));
+  CEskData key;
+  key.SetEskId("Shared");
+  CPersonality p;
+  auto* holder = new KeyHolder;
+  holder->keys.AddTail(&key);
+  holder->keys.AddTail(&key);
+  p.PutOption(holder);
+  const std::vector<BYTE> bytes = StoreObject(&p);
+
+  std::unique_ptr<CPersonality> loaded;
+  {
+    CArchive ar(bytes.data(), bytes.size(), "shared.pers");
+    loaded.reset(static_cast<CPersonality*>(ar.ReadObject(RUNTIME_CLASS(CPersonality))));
+  }  // the archive is gone; the personality keeps the key record alive
+  const auto* loadedHolder = static_cast<KeyHolder*>(loaded->FindOption(RUNTIME_CLASS(KeyHolder)));
+  ASSERT_EQ(loadedHolder->keys.GetCount(), 2);
+  EXPECT_EQ(loadedHolder->keys.GetAt(0), loadedHolder->keys.GetAt(1));
+  EXPECT_EQ(static_cast<CEskData*>(loadedHolder->keys.GetAt(1))->GetEskId(), "Shared");
+}
+
 TEST(PersonalityOptions, OneRecordPerClassName) {
   CPersonality p;
   auto* first = new CStatusMessage;
