@@ -20,9 +20,9 @@ constexpr UINT VERSIONABLE_SCHEMA = 0x80000000u;
 struct CRuntimeClass {
   const char* m_lpszClassName;
   int m_nObjectSize;
-  UINT m_wSchema;                               // schema, with VERSIONABLE_SCHEMA when versionable
-  CObject* (*m_pfnCreateObject)();              // default-constructs an object; null if abstract
-  CObject* (*m_pfnCopyObject)(const CObject&);  // copy-constructs from an object of this class
+  UINT m_wSchema;                              // schema, with VERSIONABLE_SCHEMA when versionable
+  CObject* (*m_pfnCreateObject)();             // default-constructs an object; null if abstract
+  CObject* (*m_pfnCopyObject)(const CObject&); // copy-constructs from an object of this class
   const CRuntimeClass* m_pBaseClass;
 
   // Returns a new default-constructed object that the caller owns, or null when the class
@@ -85,21 +85,24 @@ CObject* CopyObjectOf(const CObject& src) {
 
 #define RUNTIME_CLASS(class_name) (&class_name::class##class_name)
 
-// In the class body of a serializable record.
-// GetThisClass gives templates the class record (RUNTIME_CLASS cannot paste a template
-// parameter's name).
-#define DECLARE_SERIAL(class_name)                                                     \
- public:                                                                               \
-  static const ::persona::CRuntimeClass class##class_name;                             \
-  static const ::persona::CRuntimeClass* GetThisClass() { return &class##class_name; } \
-  const ::persona::CRuntimeClass* GetRuntimeClass() const override { return &class##class_name; }
+// In the class body of a serializable record. GetThisClass gives templates the class record
+// (RUNTIME_CLASS cannot paste a template parameter's name).
+#define DECLARE_SERIAL(class_name)                                   \
+ public:                                                             \
+  static const ::persona::CRuntimeClass class##class_name;           \
+  static const ::persona::CRuntimeClass* GetThisClass() {            \
+    return &class##class_name;                                       \
+  }                                                                  \
+  const ::persona::CRuntimeClass* GetRuntimeClass() const override { \
+    return &class##class_name;                                       \
+  }
 
 // In one source file per record. schema may carry VERSIONABLE_SCHEMA.
-#define IMPLEMENT_SERIAL(class_name, base_class_name, schema)      \
-  const ::persona::CRuntimeClass class_name::class##class_name = { \
-      #class_name,                                                 \
-      static_cast<int>(sizeof(class_name)),                        \
-      (schema),                                                    \
-      &::persona::CreateObjectOf<class_name>,                      \
-      &::persona::CopyObjectOf<class_name>,                        \
+#define IMPLEMENT_SERIAL(class_name, base_class_name, schema)                           \
+  const ::persona::CRuntimeClass class_name::class##class_name = {                     \
+      #class_name,                                                                      \
+      static_cast<int>(sizeof(class_name)),                                             \
+      (schema),                                                                         \
+      &::persona::CreateObjectOf<class_name>,                                           \
+      &::persona::CopyObjectOf<class_name>,                                             \
       RUNTIME_CLASS(base_class_name)};
