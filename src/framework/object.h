@@ -86,7 +86,8 @@ CObject* CopyObjectOf(const CObject& src) {
 
 #define RUNTIME_CLASS(class_name) (&class_name::class##class_name)
 
-// In the class body of a serializable record.
+// In the class body of a serializable record. GetThisClass gives templates the class record
+// (RUNTIME_CLASS cannot paste a template parameter's name).
 #define DECLARE_SERIAL(class_name)                                                     \
  public:                                                                               \
   static const ::persona::CRuntimeClass class##class_name;                             \

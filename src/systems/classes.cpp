@@ -1,9 +1,25 @@
 // Serializable classes of the systems folder.
 #include "core/class_registry.h"
+#include "systems/conv_system.h"
 #include "systems/esk_data.h"
+#include "systems/ext_add_system.h"
+#include "systems/p25_conv_system.h"
+#include "systems/p25_trk_system.h"
+#include "systems/plm_system.h"
+#include "systems/system.h"
+#include "systems/trunk_system.h"
 
 namespace persona {
 
-void RegisterSystemsClasses() { CRuntimeClass::Register(RUNTIME_CLASS(CEskData)); }
+void RegisterSystemsClasses() {
+  CRuntimeClass::Register(RUNTIME_CLASS(CEskData));
+  CRuntimeClass::Register(RUNTIME_CLASS(CSystem));
+  CRuntimeClass::Register(RUNTIME_CLASS(CTrunkSystem));
+  CRuntimeClass::Register(RUNTIME_CLASS(CExtAddSystem));
+  CRuntimeClass::Register(RUNTIME_CLASS(CP25TrkSystem));
+  CRuntimeClass::Register(RUNTIME_CLASS(CConvSystem));
+  CRuntimeClass::Register(RUNTIME_CLASS(CPlmSystem));
+  CRuntimeClass::Register(RUNTIME_CLASS(CP25ConvSystem));
+}
 
 }  // namespace persona

@@ -1,0 +1,162 @@
+// The system records: model defaults, the two key pairs, copy rules, scanned-system lists, the
+// messaging tone layout, exact stored bytes and generic round trips of every kind.
+#include "systems/system.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "support/record_testing.h"
+#include "support/test_data.h"
+#include "systems/conv_system.h"
+#include "systems/ext_add_system.h"
+#include "systems/p25_conv_system.h"
+#include "systems/p25_trk_system.h"
+#include "systems/plm_system.h"
+#include "systems/trunk_system.h"
+
+namespace persona {
+namespace {
+
+using test::Hex;
+using test::LoadAs;
+using test::StoreObject;
+
+TEST(SystemDefaults, ConstructorsFollowTheModelAndTheReducedFlag) {
+  const CTrunkSystem plain;
+  EXPECT_EQ(plain.GetSite(), 0);
+  EXPECT_EQ(plain.GetEmerAudio(), 1);
+  EXPECT_EQ(plain.GetVeskaHostUdpPortNum(), 1027);
+  EXPECT_EQ(plain.GetDataLid(), 1);
+  EXPECT_EQ(plain.GetVeltroButton(), 0xB6);
+  EXPECT_EQ(plain.GetVeltroButton2(), 0xB7);
+  EXPECT_EQ(CTrunkSystem(68, 0).GetSite(), 1);
+
+  const CTrunkSystem reduced(68, 1);
+  EXPECT_EQ(reduced.GetPowerLevel(), 0);
+  EXPECT_EQ(reduced.GetBacklight(), 0);
+  EXPECT_EQ(reduced.GetAlertTones(), 0);
+  EXPECT_EQ(reduced.GetEmerAudio() + reduced.GetEmerDisplay() + reduced.GetPower(), 0);
+  EXPECT_EQ(reduced.GetSite(), 0);
+
+  const CConvSystem type54(54, 1);
+  EXPECT_EQ(type54.GetPowerLevel(), 0xFFFF);
+  EXPECT_EQ(type54.GetBacklight(), 0);
+  EXPECT_EQ(type54.GetAlertTones(), 0);
+  for (unsigned short radio : {54, 68, 106, 29}) {
+    const CP25ConvSystem full(radio, 0);
+    EXPECT_EQ(full.GetPowerLevel(), 0xFFFF) << radio;
+    EXPECT_EQ(full.GetBacklight() + full.GetAlertTones(), 2) << radio;
+    EXPECT_EQ(full.GetDisplayGroup(), 1) << radio;
+  }
+  EXPECT_EQ(CSystem(29, 1).GetPowerLevel(), 0xFFFF);  // not a listed model: step 1 stays
+
+  EXPECT_EQ(CExtAddSystem().GetSysType(), EaSystemType);
+  EXPECT_EQ(CExtAddSystem(68, 1).GetSysType(), EaSystemType);
+  EXPECT_EQ(CP25TrkSystem(68, 0).GetSysType(), P25TrkSystemType);
+  EXPECT_EQ(CP25TrkSystem().GetFneDataLid(), 0xFFFFFDu);
+  EXPECT_EQ(CConvSystem(68, 0).GetSysType(), TrunkedSystemType);  // the creator sets it
+  EXPECT_EQ(CPlmSystem().GetCollectToneLen(), 20);
+  EXPECT_EQ(CPlmSystem(68, 0).GetBusyToneLen(), 90);
+  EXPECT_EQ(CPlmSystem(68, 1).GetCollectToneLen() + CPlmSystem(68, 1).GetBusyToneLen(), 0);
+}
+
+TEST(SystemKeys, BothKeyPairsAreArchivedAndTheVirtualPairIsTheTrunkedOne) {
+  CTrunkSystem sys;
+  sys.CSystem::SetESK(11);
+  sys.CSystem::SetEskName("Base");
+  sys.SetESK(22);
+  sys.SetEskName("Trunk");
+  const CSystem& asBase = sys;
+  EXPECT_EQ(asBase.GetESK(), 22);
+  EXPECT_EQ(asBase.GetEskName(), "Trunk");
+
+  auto loaded = LoadAs<CTrunkSystem>(StoreObject(&sys));
+  EXPECT_EQ(loaded->CSystem::GetESK(), 11);
+  EXPECT_EQ(loaded->CSystem::GetEskName(), "Base");
+  EXPECT_EQ(loaded->GetESK(), 22);
+  EXPECT_EQ(loaded->GetEskName(), "Trunk");
+}
+
+TEST(SystemCopy, AlternatePttIndexIsNeitherCopiedAssignedNorStored) {
+  CConvSystem src;
+  src.SetName("C");
+  src.SetCgSel(3);
+  src.SetAltPttIndex(5);
+  CConvSystem copy(src);
+  EXPECT_EQ(copy.GetCgSel(), 3);
+  EXPECT_EQ(copy.GetAltPttIndex(), 0);
+  CConvSystem target;
+  target.SetAltPttIndex(9);
+  target = &src;
+  EXPECT_EQ(target.GetName(), "C");
+  EXPECT_EQ(target.GetAltPttIndex(), 9);
+  EXPECT_EQ(LoadAs<CConvSystem>(StoreObject(&src))->GetAltPttIndex(), 0);
+}
+
+TEST(SystemScanList, OperationsGrowCopyAndRefuseBadPositions) {
+  CTrunkSystem sys;
+  sys.SetScannedSystemAt("X", 5);
+  ASSERT_EQ(sys.GetNumScannedSystems(), 6);
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(sys.GetScannedSystemAt(i), "");
+  EXPECT_EQ(sys.GetScannedSystemAt(5), "X");
+  EXPECT_THROW(sys.GetScannedSystemAt(6), CInvalidArgException);
+  EXPECT_THROW(sys.SetScannedSystemAt("Y", -1), CInvalidArgException);
+  sys.DeleteScannedSystemAt(0);
+  EXPECT_EQ(sys.GetNumScannedSystems(), 5);
+
+  CStringArray out;
+  out.Add("stale");
+  sys.GetScannedSystems(out);
+  ASSERT_EQ(out.GetSize(), 5);
+  EXPECT_EQ(out[4], "X");
+  CPlmSystem plm;
+  plm.SetScannedSystems(out);
+  out.RemoveAll();
+  EXPECT_EQ(plm.GetNumScannedSystems(), 5);  // a copy, not a view
+  EXPECT_EQ(plm.GetSpCallTone(4), 0);        // outside the table: reads 0
+  plm.SetSpCallTone(-1, 9);                  // and writes nothing
+}
+
+TEST(SystemBytes, ConventionalSystemIsStoredExactly) {
+  CConvSystem sys;
+  sys.SetName("C1");
+  sys.SetSysType(ConvSystemType);
+  sys.SetToneSet(0x0102);
+  sys.SetConvSetName("CV");
+  sys.SetCgSel(7);
+  const std::string expected =
+      "ff ff 0d 00 0b 00 43 43 6f 6e 76 53 79 73 74 65 6d "  // class tag, schema 13
+      "02 43 31 01 ff ff 01 01 00 00 00 00 00 00 "           // name .. voice-privacy words
+      "b6 b6 b6 b7 b7 b6 b7 00 00 00 "                       // buttons, base key pair
+      "00 00 00 00 00 00 02 01 02 43 56 00 00 07";           // conventional fields
+  EXPECT_EQ(Hex(StoreObject(&sys)), expected);
+}
+
+TEST(SystemBytes, MessagingToneTablesAreInterleaved) {
+  CPlmSystem sys;
+  for (int i = 0; i < 4; ++i) {
+    sys.SetSpCallTone(i, static_cast<WORD>(i + 1));
+    sys.SetIndvDecTone(i, static_cast<WORD>(i + 5));
+  }
+  const std::string bytes = Hex(StoreObject(&sys));
+  EXPECT_NE(bytes.find("01 00 05 00 02 00 06 00 03 00 07 00 04 00 08 00"), std::string::npos)
+      << bytes;
+}
+
+TEST(SystemRoundTrip, EveryKindRoundTripsWithDistinctiveValues) {
+  std::unique_ptr<CSystem> systems[] = {
+      std::make_unique<CSystem>(),       std::make_unique<CTrunkSystem>(),
+      std::make_unique<CExtAddSystem>(), std::make_unique<CP25TrkSystem>(),
+      std::make_unique<CConvSystem>(),   std::make_unique<CPlmSystem>(),
+      std::make_unique<CP25ConvSystem>()};
+  int seed = 1;
+  for (auto& sys : systems) {
+    test::FillFields(*sys, seed++);
+    test::ExpectRoundTrip(*sys);
+  }
+}
+
+}  // namespace
+}  // namespace persona
