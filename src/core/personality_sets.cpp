@@ -21,11 +21,10 @@ const char* const kSetClassNames[kNumSetTypes] = {
     "CTrunkSet",    "CConvSet",      "CGroupSet",   "CPhoneSet",    "CICallSet",      "CSpCallSet",
     "CPlmGroupSet", "CPlmSpCallSet", "CP25ConvSet", "CP25GroupSet", "CExtAddGroupSet"};
 
-// Empties set element by element from the front, as a replaced set is emptied. A set whose
-// DeleteAt does nothing (type byte 11 and above) keeps its elements for the set's own deletion.
-void EmptyFromFront(CSet& set) {
-  for (int n = set.GetCount(); n > 0; --n) set.DeleteAt(0);
-}
+// Empties set element by element from the front, as a replaced set is emptied (one pass). A
+// set whose DeleteAt does nothing (type byte 11 and above) keeps its elements for the set's own
+// deletion.
+void EmptyFromFront(CSet& set) { set.DeleteAllFromFront(); }
 
 }  // namespace
 

@@ -90,23 +90,36 @@ CObject* CSet::GetAt(int i) const {
   return m_elements.GetAt(i);
 }
 
-void CSet::DeleteAt(int i) {
-  if (m_setType >= kNumSetTypes) return;
-  if (i < 0) throw CInvalidArgException("set element position " + std::to_string(i));
-  if (i >= m_elements.GetCount()) return;
-  const CObject* element = m_elements.GetAt(i);
+bool CSet::ClearsReferencesOnDelete() const {
   switch (m_setType) {
     case ConvSetType:
     case GroupSetType:
     case P25ConvSetType:
     case P25GroupSetType:
     case EaGroupSetType:
-      if (element != nullptr) DeleteSetReferencesToElement(*element);
-      break;
+      return true;
     default:
-      break;
+      return false;
   }
+}
+
+void CSet::DeleteAt(int i) {
+  if (m_setType >= kNumSetTypes) return;
+  if (i < 0) throw CInvalidArgException("set element position " + std::to_string(i));
+  if (i >= m_elements.GetCount()) return;
+  const CObject* element = m_elements.GetAt(i);
+  if (element != nullptr && ClearsReferencesOnDelete()) DeleteSetReferencesToElement(*element);
   m_elements.DeleteAt(i);
+}
+
+void CSet::DeleteAllFromFront() {
+  if (m_setType >= kNumSetTypes) return;
+  if (ClearsReferencesOnDelete()) {
+    for (const CObject* element : m_elements) {
+      if (element != nullptr) DeleteSetReferencesToElement(*element);
+    }
+  }
+  m_elements.DeleteAll();
 }
 
 void CSet::Delete() { m_elements.DeleteAll(); }
@@ -116,6 +129,13 @@ void CSet::AdoptSharedRecords(std::vector<std::unique_ptr<CObject>> records) {
 }
 
 void CSet::DeleteSetReferencesToElement(const CObject&) {}
+
+void CSet::VisitFields(CFieldVisitor& v) {
+  CObject::VisitFields(v);
+  FieldAdapter adapter(v);
+  Fields(adapter);
+  BumpNameEpoch();
+}
 
 void CSet::Serialize(CArchive& ar) {
   SerializeFields(ar, *this);

@@ -66,6 +66,10 @@ class CSet : public CObject {
   void DeleteAt(int i);
   // Deletes every element and empties the list.
   void Delete();
+  // Removes every element as DeleteAt(0) repeated until the set is empty would (the references
+  // inside the set to each element are cleared), in one pass; a set whose type byte is 11 or
+  // more keeps its elements, as DeleteAt would.
+  void DeleteAllFromFront();
 
   // Element list (count and objects), name, set type, scope.
   void Serialize(CArchive& ar) override;
@@ -77,7 +81,8 @@ class CSet : public CObject {
     v("SetType", m_setType);
     v("Scope", m_scope);
   }
-  PERSONA_FIELDS(CObject)
+  // Hands the fields to v; v may rename the set, so the name epoch moves.
+  void VisitFields(CFieldVisitor& v) override;
 
   // True for the eleven element classes that a set copy carries: CTrunkChannel,
   // CConvChannel, CP25ConvChannel, CExtAddGroup, CGroup, CP25Group, CPhoneCall, CICall,
@@ -99,6 +104,8 @@ class CSet : public CObject {
   // the names inside this set that refer to it. The base has none.
   virtual void DeleteSetReferencesToElement(const CObject& element);
   void SetSetType(BYTE type) { m_setType = type; }
+  // True for the set types whose DeleteAt clears references to the element first.
+  bool ClearsReferencesOnDelete() const;
   // Restricts the elements that a load accepts to cls and its subclasses.
   void SetElementClass(const CRuntimeClass* cls) { m_elements.SetElementClass(cls); }
   // Appends deep copies of src's elements (the eleven element classes only).

@@ -96,6 +96,16 @@ TEST(Set, DeleteAtClearsReferencesOnlyForChannelAndGroupSets) {
   }
 }
 
+TEST(Set, DeleteAllFromFrontActsAsRepeatedDeleteAt) {
+  for (int type : {0, 1, 2, 9, 11}) {
+    TypedSet set(static_cast<BYTE>(type));
+    for (int i = 0; i < 3; ++i) set.Add(Msg("A", 1));
+    set.DeleteAllFromFront();
+    EXPECT_EQ(set.cleared, (type == 1 || type == 2 || type == 9) ? 3 : 0) << type;
+    EXPECT_EQ(set.GetSize(), type >= 11 ? 3 : 0) << type;
+  }
+}
+
 TEST(Set, CopiesCarryOnlyTheElevenElementClasses) {
   CSet src(PhoneSetType);
   src.SetName("Src");
