@@ -34,6 +34,7 @@ CVantorOpts::CVantorOpts(unsigned short radioType, int reducedDefaults) : CVanto
 void CVantorOpts::Serialize(CArchive& ar) { SerializeVersionedFields(ar, *this); }
 
 void CVantorOpts::printOptToBuffer(CStringArray& out, const CPersonality*) const {
+  // This block's underline has always been one dash shorter than its heading.
   out.Add("Conventional Emergency/Home Chan Options:");
   out.Add(CString('-', 40));
   out.Add(CString::Formatted("Conv_Korvex Emer             - %-7s", SwitchWord(m_ConvKorvexEmer)));
