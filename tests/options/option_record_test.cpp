@@ -120,6 +120,18 @@ TEST(OptionRecords, StoreLoadStoreGivesTheSameBytes) {
   test::ExpectRoundTrip(wan);
 }
 
+TEST(OptionRecords, TruncatedRecordsFailWithAnArchiveException) {
+  for (const Member& m : Members()) {
+    std::unique_ptr<CObject> rec = m.make();
+    SCOPED_TRACE(rec->GetClassName());
+    const std::vector<BYTE> bytes = test::StoreObject(rec.get());
+    for (std::size_t n = 0; n < bytes.size(); ++n) {
+      const std::vector<BYTE> cut(bytes.begin(), bytes.begin() + static_cast<long>(n));
+      EXPECT_THROW(test::LoadObject(cut, rec->GetRuntimeClass()), CArchiveException) << n;
+    }
+  }
+}
+
 TEST(OptionRecords, ReportStartsWithHeadingAndUnderlineAndEndsEmpty) {
   CPersonality personality(103, 0);
   for (const Member& m : Members()) {
