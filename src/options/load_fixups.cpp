@@ -1,12 +1,49 @@
 // Load repairs that reach into option records (see core/load_fixups.h).
-// The records they touch arrive with the option and set records; until then they change
-// nothing.
 #include "core/load_fixups.h"
+
+#include <memory>
+#include <vector>
+
+#include "core/personality.h"
+#include "options/gen_radio_opts.h"
+#include "options/supervisory_opts.h"
+#include "options/tone_encode.h"
 
 namespace persona {
 
-void ApplyGeneralOptionsFixup(CPersonality&) {}
+void ApplyGeneralOptionsFixup(CPersonality& personality) {
+  CGenRadioOpts* general = personality.GetOption<CGenRadioOpts>();
+  if (general == nullptr) return;
+  if (general->GetEmerLatch() != 0) {
+    general->SetEmerLatch(1);
+    if (personality.GetOption<CSupervisoryOpts>() == nullptr) {
+      auto supervisory = std::make_unique<CSupervisoryOpts>(personality.GetLastRadio(), 0);
+      supervisory->SetEmerLID(1);
+      CSupervisoryOpts* offered = supervisory.get();
+      personality.PutOption(offered);
+      if (personality.GetOption<CSupervisoryOpts>() == offered) supervisory.release();
+    }
+  }
+  // NOT DONE HERE: trunk sets whose baud rate byte is 255 (never set) must take
+  // general->GetBaudRate() and general->GetBandWidth(). That needs CTrunkSet (GetBaudRate,
+  // SetBaudRate, SetBandWidth), which this branch does not have yet: for every i below
+  // personality.GetNumTrkSets(), cast personality.GetSetAt(i, TrunkSetType) to CTrunkSet and
+  // copy both values when its baud rate is 255.
+}
 
-bool RemapToneEncodeTriggers(CPersonality&) { return false; }
+bool RemapToneEncodeTriggers(CPersonality& personality) {
+  CToneEncode* encode = personality.GetOption<CToneEncode>();
+  if (encode == nullptr) return false;
+  std::vector<CToneSeq> seqs = encode->GetSeqs();
+  bool changed = false;
+  for (CToneSeq& seq : seqs) {
+    if (seq.GetEncodeType() != 2) continue;
+    const BYTE trigger = seq.GetEncodingTrigger();
+    seq.SetEncodingTrigger(trigger == 3 ? 0 : static_cast<BYTE>(trigger + 1));
+    changed = true;
+  }
+  if (changed) encode->SetSeqs(seqs);
+  return changed;
+}
 
 }  // namespace persona
