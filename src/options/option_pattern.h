@@ -46,7 +46,8 @@ class CDeepObList : public COwnedObList {
 template <class T>
 class CElementList : public CDeepObList {
  public:
-  CElementList() : CDeepObList(RUNTIME_CLASS(T)) {}
+  // elementClass: the run-time class of T (RUNTIME_CLASS(T) at the member's declaration).
+  explicit CElementList(const CRuntimeClass* elementClass) : CDeepObList(elementClass) {}
 
   // The element at i (still owned by the list), or null when i is not a valid position.
   T* At(int i) const { return i >= 0 && i < GetCount() ? static_cast<T*>(GetAt(i)) : nullptr; }
@@ -107,15 +108,28 @@ class CFieldRecord : public Base {
 
  protected:
   // Appends heading, underline, the labelled fields of the table two per line, and the closing
-  // empty line.
-  // The labelled fields of each record in quoted follow this record's own, in the same block.
+  // empty line. The labelled fields of each record in quoted (null ones are skipped) follow this
+  // record's own, in the same block.
   template <class... Quoted>
   void PrintFieldBlock(CStringArray& out, const char* heading, const Quoted*... quoted) const {
+    OptionBlock block(out, heading);
+    PrintFieldLines(block, quoted...);
+    block.End();
+  }
+  // Appends the labelled fields of this record and of quoted as value lines of block, two per
+  // line in table order; for blocks that go on with lines of their own.
+  template <class... Quoted>
+  void PrintFieldLines(OptionBlock& block, const Quoted*... quoted) const {
     option_report_detail::Collector collector;
     // The collector only reads the fields; Fields is one template for reading and writing.
     const_cast<Derived&>(Self()).Fields(collector);
     (CollectFrom(collector, quoted), ...);
-    option_report_detail::PrintCollected(out, heading, collector.items);
+    const auto& items = collector.items;
+    std::size_t i = 0;
+    for (; i + 1 < items.size(); i += 2) {
+      block.Pair(items[i].label, items[i].value, items[i + 1].label, items[i + 1].value);
+    }
+    if (i < items.size()) block.Value(items[i].label, items[i].value);
   }
 
  private:

@@ -1,6 +1,5 @@
 // Helpers shared by several option records: the word lists that more than one report block
-// prints through, the serial-port fields of the data and diagnostic ports, and the radio type
-// lists of model defaults.
+// prints through, and the radio type test of model defaults.
 #pragma once
 
 #include <initializer_list>
@@ -29,15 +28,6 @@ inline constexpr const char* kPortCharBitWords[] = {"7", "8"};
 // Port code defaults: 9600 baud, no parity, one stop bit, eight bits per character.
 constexpr BYTE kPortBaud9600 = 3;
 constexpr BYTE kPortEightBits = 1;
-
-// The four settings of a serial port, as one group of a record's Fields table.
-template <class V>
-void PortFields(V& v, BYTE& baud, BYTE& parity, BYTE& stopBits, BYTE& charBits) {
-  v("BaudRate", baud, Label{"Baud Rate"}, WordsOf(kPortBaudWords));
-  v("Parity", parity, Label{"Parity"}, WordsOf(kPortParityWords));
-  v("StopBits", stopBits, Label{"Stop Bits"}, WordsOf(kPortStopBitWords));
-  v("BitsPerChar", charBits, Label{"Bits Per Character"}, WordsOf(kPortCharBitWords));
-}
 
 // True when radioType is one of codes (exact match: 4150 is not 54).
 constexpr bool RadioTypeIn(unsigned short radioType, std::initializer_list<unsigned short> codes) {
