@@ -19,7 +19,7 @@ class CAgencyData : public CFieldOption<CAgencyData> {
  public:
   // Neutral defaults.
   CAgencyData() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The defaults every model starts from; neither argument changes them.
   CAgencyData(unsigned short radioType, int reducedDefaults);
   // Copies every field.
   CAgencyData(const CAgencyData&) = default;
@@ -66,7 +66,7 @@ class CExtAddAgencyData : public CFieldOption<CExtAddAgencyData> {
  public:
   // Neutral defaults.
   CExtAddAgencyData() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The defaults every model starts from; neither argument changes them.
   CExtAddAgencyData(unsigned short radioType, int reducedDefaults);
   // Copies every field.
   CExtAddAgencyData(const CExtAddAgencyData&) = default;

@@ -19,7 +19,7 @@ class CAlarmOpts : public CFieldOption<CAlarmOpts> {
  public:
   // Neutral defaults.
   CAlarmOpts() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The defaults every model starts from; neither argument changes them.
   CAlarmOpts(unsigned short radioType, int reducedDefaults);
   // Copies every field.
   CAlarmOpts(const CAlarmOpts&) = default;

@@ -18,7 +18,7 @@ class CCoyle300Opts : public CFieldOption<CCoyle300Opts> {
  public:
   // Neutral defaults.
   CCoyle300Opts() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The defaults every model starts from; neither argument changes them.
   CCoyle300Opts(unsigned short radioType, int reducedDefaults);
   // Copies every field.
   CCoyle300Opts(const CCoyle300Opts&) = default;

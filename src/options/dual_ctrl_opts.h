@@ -23,7 +23,7 @@ class CDualCtrlOpts : public CFieldOption<CDualCtrlOpts> {
  public:
   // Neutral defaults.
   CDualCtrlOpts() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The defaults every model starts from; neither argument changes them.
   CDualCtrlOpts(unsigned short radioType, int reducedDefaults);
   // Copies every field.
   CDualCtrlOpts(const CDualCtrlOpts&) = default;

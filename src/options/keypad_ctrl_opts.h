@@ -171,7 +171,7 @@ class CKeypadCtrlOpts_E2 : public CFieldOption<CKeypadCtrlOpts_E2> {
  public:
   // Neutral defaults.
   CKeypadCtrlOpts_E2() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The defaults every model starts from; neither argument changes them.
   CKeypadCtrlOpts_E2(unsigned short radioType, int reducedDefaults);
   // Copies every field.
   CKeypadCtrlOpts_E2(const CKeypadCtrlOpts_E2&) = default;

@@ -23,7 +23,7 @@ class CLumoOpts : public CFieldOption<CLumoOpts> {
  public:
   // Neutral defaults.
   CLumoOpts() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The defaults every model starts from; neither argument changes them.
   CLumoOpts(unsigned short radioType, int reducedDefaults);
   // Copies every field.
   CLumoOpts(const CLumoOpts&) = default;
@@ -77,7 +77,7 @@ class CFennOpts : public CFieldOption<CFennOpts> {
  public:
   // Neutral defaults.
   CFennOpts() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The defaults every model starts from; neither argument changes them.
   CFennOpts(unsigned short radioType, int reducedDefaults);
   // Copies every field.
   CFennOpts(const CFennOpts&) = default;

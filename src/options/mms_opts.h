@@ -23,7 +23,7 @@ class CMmsMsg : public CFieldRecord<CMmsMsg, CObject> {
  public:
   // Neutral defaults.
   CMmsMsg() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The neutral defaults: no default of this record depends on the model.
   CMmsMsg(unsigned short radioType, int reducedDefaults);
   // Copies every field.
   CMmsMsg(const CMmsMsg&) = default;
@@ -85,7 +85,7 @@ class CMmsOpts : public CFieldOption<CMmsOpts> {
  public:
   // Neutral defaults.
   CMmsOpts() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The defaults every model starts from; neither argument changes them.
   CMmsOpts(unsigned short radioType, int reducedDefaults);
   // Deep copy: every field, owned elements included.
   CMmsOpts(const CMmsOpts&) = default;

@@ -17,7 +17,7 @@ class CMosaicOpts : public CFieldOption<CMosaicOpts> {
  public:
   // Neutral defaults.
   CMosaicOpts() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The defaults every model starts from; neither argument changes them.
   CMosaicOpts(unsigned short radioType, int reducedDefaults);
   // Copies every field.
   CMosaicOpts(const CMosaicOpts&) = default;

@@ -127,7 +127,7 @@ class CMultipleRadioSonvraOpts : public CFieldOption<CMultipleRadioSonvraOpts> {
  public:
   // Neutral defaults.
   CMultipleRadioSonvraOpts() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The defaults every model starts from; neither argument changes them.
   CMultipleRadioSonvraOpts(unsigned short radioType, int reducedDefaults);
   // Copies every field.
   CMultipleRadioSonvraOpts(const CMultipleRadioSonvraOpts&) = default;

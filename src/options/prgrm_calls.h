@@ -19,7 +19,7 @@ class CPrgrmICall : public CFieldOption<CPrgrmICall> {
  public:
   // Neutral defaults.
   CPrgrmICall() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The neutral defaults: no default of this record depends on the model.
   CPrgrmICall(unsigned short radioType, int reducedDefaults);
   // Copies every field.
   CPrgrmICall(const CPrgrmICall&) = default;
@@ -64,7 +64,7 @@ class CPrgrmPhoneCall : public CFieldOption<CPrgrmPhoneCall> {
  public:
   // Neutral defaults.
   CPrgrmPhoneCall() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The neutral defaults: no default of this record depends on the model.
   CPrgrmPhoneCall(unsigned short radioType, int reducedDefaults);
   // Copies every field.
   CPrgrmPhoneCall(const CPrgrmPhoneCall&) = default;

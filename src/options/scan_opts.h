@@ -179,7 +179,7 @@ class CLumoConvScanOpts : public CFieldOption<CLumoConvScanOpts> {
  public:
   // Neutral defaults.
   CLumoConvScanOpts() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The neutral defaults: no default of this record depends on the model.
   CLumoConvScanOpts(unsigned short radioType, int reducedDefaults);
   // Copies every field.
   CLumoConvScanOpts(const CLumoConvScanOpts&) = default;

@@ -22,7 +22,7 @@ class CSirenLights : public CFieldRecord<CSirenLights, CObject> {
  public:
   // Neutral defaults.
   CSirenLights() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The neutral defaults: no default of this record depends on the model.
   CSirenLights(unsigned short radioType, int reducedDefaults);
   // Copies every field.
   CSirenLights(const CSirenLights&) = default;
@@ -38,7 +38,6 @@ class CSirenLights : public CFieldRecord<CSirenLights, CObject> {
   // The entry cancels the others.
   BYTE GetCancel() const { return m_Cancel; }
   void SetCancel(BYTE v) { m_Cancel = v; }
-  // The nine light and relay control values.
   // Number of control values of an entry.
   static constexpr int kNumControls = 9;
   // Control value i (0 .. 8); another i raises CInvalidArgException.
@@ -71,7 +70,8 @@ class CSirenLightsOpts : public CFieldOption<CSirenLightsOpts> {
   CSirenLightsOpts() = default;
   // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
   CSirenLightsOpts(unsigned short radioType, int reducedDefaults);
-  // count default entries (none when count is not positive) and neutral defaults otherwise.
+  // Holds count neutral entries (none when count is not positive); the rest as the default
+  // constructor.
   explicit CSirenLightsOpts(int count);
   // Deep copy: every field, owned elements included.
   CSirenLightsOpts(const CSirenLightsOpts&) = default;

@@ -22,7 +22,7 @@ class CSonvraOpts : public CFieldOption<CSonvraOpts> {
  public:
   // Neutral defaults.
   CSonvraOpts() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The defaults every model starts from; neither argument changes them.
   CSonvraOpts(unsigned short radioType, int reducedDefaults);
   // Copies every field.
   CSonvraOpts(const CSonvraOpts&) = default;

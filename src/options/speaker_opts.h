@@ -88,7 +88,7 @@ class CPubAddOpts : public CFieldOption<CPubAddOpts> {
  public:
   // Neutral defaults.
   CPubAddOpts() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The defaults every model starts from; neither argument changes them.
   CPubAddOpts(unsigned short radioType, int reducedDefaults);
   // Copies every field.
   CPubAddOpts(const CPubAddOpts&) = default;

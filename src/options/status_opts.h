@@ -85,7 +85,7 @@ class CMessage : public CFieldOption<CMessage> {
  public:
   // Neutral defaults.
   CMessage() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The neutral defaults: no default of this record depends on the model.
   CMessage(unsigned short radioType, int reducedDefaults);
   // Deep copy: every field, owned elements included.
   CMessage(const CMessage&) = default;

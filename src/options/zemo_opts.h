@@ -24,7 +24,7 @@ class CZemoOpts : public CFieldOption<CZemoOpts> {
  public:
   // Neutral defaults.
   CZemoOpts() = default;
-  // The defaults of model radioType; a non-zero reducedDefaults starts optional features off.
+  // The defaults every model starts from; neither argument changes them.
   CZemoOpts(unsigned short radioType, int reducedDefaults);
   // Copies every field.
   CZemoOpts(const CZemoOpts&) = default;
