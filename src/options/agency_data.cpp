@@ -14,10 +14,9 @@ void PrintAgencyBlock(CStringArray& out, const char* heading, WORD numAgencies,
   OptionBlock block(out, heading);
   block.Value("Number Of Agencies", std::to_string(numAgencies));
   for (int i = 0; i < fleets.GetSize(); ++i) {
-    const bool named = names != nullptr && i < names->GetSize();
-    block.Line("   Agency %-4d               - Fleets %-5u%s%s", i + 1,
-               static_cast<unsigned>(fleets[i]), named ? "  " : "",
-               named ? (*names)[i].c_str() : "");
+    std::string value = "Fleets " + std::to_string(fleets[i]);
+    if (names != nullptr && i < names->GetSize()) value += "  " + (*names)[i].str();
+    block.Value("Agency " + std::to_string(i + 1), value);
   }
   block.End();
 }
