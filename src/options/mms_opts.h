@@ -111,7 +111,7 @@ class CMmsOpts : public CFieldOption<CMmsOpts> {
   // Message IDs (MIDs) the radio answers to.
   const CWordArray& GetMmsIds() const { return m_MmsIds; }
   void SetMmsIds(const CWordArray& v) { m_MmsIds.Copy(v); }
-  // Messages.
+  // Number of messages.
   int GetNumMessages() const { return m_Messages.GetCount(); }
   // The message at i (still owned by this record), or null when i is not a valid position.
   CMmsMsg* GetMessageAt(int i) const { return m_Messages.At(i); }
@@ -130,7 +130,7 @@ class CMmsOpts : public CFieldOption<CMmsOpts> {
   // Deletes the message at i; returns false when i is not a valid position.
   bool DeleteMessageAt(int i) { return m_Messages.Erase(i); }
 
-  // Message IDs.
+  // Number of message IDs.
   int GetNumMmsIds() const { return m_MmsIds.GetSize(); }
   // The ID at i; an i outside the list raises CInvalidArgException.
   WORD GetMmsIdAt(int i) const { return m_MmsIds.GetAt(i); }

@@ -80,7 +80,7 @@ class CSirenLightsOpts : public CFieldOption<CSirenLightsOpts> {
 
   WORD GetTimeout() const { return m_Timeout; }
   void SetTimeout(WORD v) { m_Timeout = v; }
-  // Number of Entries.
+  // Number of entries.
   int GetNumEntries() const { return m_Entries.GetCount(); }
   // The Entry at i (still owned by this record), or null when i is not a valid position.
   CSirenLights* GetEntryAt(int i) const { return m_Entries.At(i); }

@@ -38,7 +38,7 @@ class CStatus : public CFieldOption<CStatus> {
   void SetModeHangTime(WORD v) { m_ModeHangTime = v; }
   BYTE GetResetOnSysChange() const { return m_ResetOnSysChange; }
   void SetResetOnSysChange(BYTE v) { m_ResetOnSysChange = v; }
-  // Number of Statuses.
+  // Number of statuses.
   int GetNumStatuses() const { return m_Statuses.GetCount(); }
   // The Status at i (still owned by this record), or null when i is not a valid position.
   CStatusMessage* GetStatusAt(int i) const { return m_Statuses.At(i); }
@@ -92,7 +92,7 @@ class CMessage : public CFieldOption<CMessage> {
   CMessage& operator=(const CMessage&) = default;
   ~CMessage() override = default;
 
-  // Number of Messages.
+  // Number of messages.
   int GetNumMessages() const { return m_Messages.GetCount(); }
   // The Message at i (still owned by this record), or null when i is not a valid position.
   CStatusMessage* GetMessageAt(int i) const { return m_Messages.At(i); }

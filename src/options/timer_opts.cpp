@@ -6,8 +6,8 @@ namespace persona {
 IMPLEMENT_SERIAL(CTimerOpts, CSerial, VERSIONABLE_SCHEMA | 3)
 
 CTimerOpts::CTimerOpts(unsigned short radioType, int reducedDefaults) {
-  // The priority call time-out follows the control channel rate of the model (the 9600 baud
-  // models of set A answer twice as fast); the reduced set keeps the fixed default.
+  // The models below answer a priority call in half the time; the reduced set keeps the fixed
+  // default.
   if (reducedDefaults == 0 && RadioTypeIn(radioType, {68, 69, 70, 80, 88, 89, 90, 92, 94, 95, 96,
                                                       97, 101, 102, 103, 104, 105, 106})) {
     m_PriorityCallTimeout = 1.5;
