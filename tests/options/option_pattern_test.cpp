@@ -55,11 +55,17 @@ struct Member {
   const char* heading;  // null: no block of its own
   std::function<CObject*()> makeModel;
   std::function<void(CObject&, CStringArray&, CPersonality*)> print;
+  std::function<void(CObject&, const CObject&)> assign;  // operator=(const T*)
 };
 
 template <class T>
+void AssignFrom(CObject& dst, const CObject& src) {
+  static_cast<T&>(dst) = static_cast<const T*>(&src);
+}
+
+template <class T>
 Member MemberOf(const char* heading) {
-  Member m{T::ThisClass(), heading, nullptr, nullptr};
+  Member m{T::ThisClass(), heading, nullptr, nullptr, &AssignFrom<T>};
   if constexpr (std::is_constructible_v<T, unsigned short, int>) {
     m.makeModel = [] { return new T(100, 0); };
   }
@@ -79,7 +85,7 @@ Member MemberOf(const char* heading) {
 
 template <class T>
 Member Unprinted() {
-  Member m{T::ThisClass(), nullptr, nullptr, nullptr};
+  Member m{T::ThisClass(), nullptr, nullptr, nullptr, &AssignFrom<T>};
   if constexpr (std::is_constructible_v<T, unsigned short, int>) {
     m.makeModel = [] { return new T(100, 0); };
   }
@@ -247,6 +253,24 @@ TEST(OptionRecordFamily, CopiesAndAssignmentsCarryEveryField) {
     ASSERT_TRUE(copy);
     EXPECT_EQ(DumpFields(*rec), DumpFields(*copy));
     EXPECT_EQ(Hex(test::StoreObject(rec.get())), Hex(test::StoreObject(copy.get())));
+    // Pointer assignment over a differently filled record (its elements are replaced).
+    auto target = Make(m.cls);
+    FillAll(*target, 9);
+    m.assign(*target, *rec);
+    EXPECT_EQ(DumpFields(*rec), DumpFields(*target));
+    m.assign(*target, *target);
+    EXPECT_EQ(DumpFields(*rec), DumpFields(*target));
+    // Delete empties the lists and keeps the values.
+    if (auto* option = dynamic_cast<CSerial*>(target.get())) {
+      option->Delete();
+      for (const std::string& line : Lines(DumpFields(*target))) {
+        EXPECT_TRUE(line.find("= [") == std::string::npos || line.find("= []") != std::string::npos)
+            << line;
+        EXPECT_TRUE(line.find(" records") == std::string::npos ||
+                    line.find("= 0 records") != std::string::npos)
+            << line;
+      }
+    }
   }
 }
 
