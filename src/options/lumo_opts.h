@@ -16,8 +16,8 @@ inline constexpr const char* kLumoSignallingWords[] = {"None", "DTMF", "Vantor"}
 inline constexpr const char* kLumoBacklightWords[] = {"Off", "On", "Timed"};
 inline constexpr const char* kPowerButtonWords[] = {"Power", "Programmable"};
 
-// CLumoOpts: options of one model family: signalling, backlight and its time; schema 3 added the
-// CG reset and hook switch, 4 the output number.
+// CLumoOpts: options of one model family: signalling and backlight; schema 2 added the backlight
+// time, 3 the CG reset and hook switch, 4 the output number.
 class CLumoOpts : public CFieldOption<CLumoOpts> {
   PERSONA_OPTION_RECORD(CLumoOpts, CSerial)
  public:
