@@ -1,17 +1,43 @@
 // Serializable classes of the options folder.
 #include "core/class_registry.h"
+#include "options/agency_data.h"
+#include "options/alarm_opts.h"
 #include "options/alert_opts.h"
+#include "options/coyle300_opts.h"
+#include "options/custom_opts.h"
+#include "options/data_opts.h"
+#include "options/diagnostic_opts.h"
 #include "options/display_opts.h"
+#include "options/dual_ctrl_opts.h"
+#include "options/flash_lights.h"
 #include "options/gen_radio_opts.h"
+#include "options/ignition_opts.h"
+#include "options/keypad_ctrl_opts.h"
+#include "options/kw_opts.h"
+#include "options/lumo_opts.h"
 #include "options/macro.h"
+#include "options/mms_opts.h"
+#include "options/mosaic_opts.h"
+#include "options/network_opts.h"
 #include "options/p25_otar_opts.h"
 #include "options/p25_wan_opts.h"
 #include "options/pellam_opts.h"
+#include "options/power_up_opts.h"
+#include "options/prgrm_calls.h"
+#include "options/r917_opts.h"
+#include "options/scan_opts.h"
 #include "options/scratch_pad_opts.h"
+#include "options/siren_lights.h"
+#include "options/sonvra_opts.h"
+#include "options/speaker_opts.h"
 #include "options/status_message.h"
+#include "options/status_opts.h"
 #include "options/supervisory_opts.h"
+#include "options/system_scan_opts.h"
+#include "options/timer_opts.h"
 #include "options/tone_encode.h"
 #include "options/vantor_opts.h"
+#include "options/zemo_opts.h"
 
 namespace persona {
 
@@ -30,6 +56,46 @@ void RegisterOptionsClasses() {
   CRuntimeClass::Register(RUNTIME_CLASS(CPellamOpts));
   CRuntimeClass::Register(RUNTIME_CLASS(CScratchPadOpts));
   CRuntimeClass::Register(RUNTIME_CLASS(CSupervisoryOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CAlarmOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CExtSpkrOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CPubAddOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CDualCtrlOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CNetworkOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CMultipleRadioSonvraOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CKeypadCtrlOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CKeypadCtrlOpts_E1));
+  CRuntimeClass::Register(RUNTIME_CLASS(CKeypadCtrlOpts_E2));
+  CRuntimeClass::Register(RUNTIME_CLASS(CIgnitionOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CDataOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CAgencyData));
+  CRuntimeClass::Register(RUNTIME_CLASS(CExtAddAgencyData));
+  CRuntimeClass::Register(RUNTIME_CLASS(CStatus));
+  CRuntimeClass::Register(RUNTIME_CLASS(CMessage));
+  CRuntimeClass::Register(RUNTIME_CLASS(CPowerUpOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CKwOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CFlashLights));
+  CRuntimeClass::Register(RUNTIME_CLASS(CTimerOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CSystemScanOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CSonvraOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CScanOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CConvScanOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CLumoConvScanOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CSirenLights));
+  CRuntimeClass::Register(RUNTIME_CLASS(CSirenLightsOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CPrgrmICall));
+  CRuntimeClass::Register(RUNTIME_CLASS(CPrgrmPhoneCall));
+  CRuntimeClass::Register(RUNTIME_CLASS(CR917Opts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CZemoOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CDiagnosticOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CSilCustomOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(COstrelCustomOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CKorvex2CustomOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CLumoOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CFennOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CMosaicOpts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CCoyle300Opts));
+  CRuntimeClass::Register(RUNTIME_CLASS(CMmsMsg));
+  CRuntimeClass::Register(RUNTIME_CLASS(CMmsOpts));
 }
 
 }  // namespace persona

@@ -1,0 +1,377 @@
+// Checks that hold for every option record built on the field-table pattern: a full round trip
+// with distinctive values, the block heading and underline, schema guards that stay within the
+// class's schema, loads of every older schema, and the deep copy of the pattern.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <functional>
+#include <sstream>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "core/personality.h"
+#include "options/agency_data.h"
+#include "options/alarm_opts.h"
+#include "options/coyle300_opts.h"
+#include "options/custom_opts.h"
+#include "options/data_opts.h"
+#include "options/diagnostic_opts.h"
+#include "options/dual_ctrl_opts.h"
+#include "options/flash_lights.h"
+#include "options/ignition_opts.h"
+#include "options/keypad_ctrl_opts.h"
+#include "options/kw_opts.h"
+#include "options/lumo_opts.h"
+#include "options/mms_opts.h"
+#include "options/mosaic_opts.h"
+#include "options/network_opts.h"
+#include "options/power_up_opts.h"
+#include "options/prgrm_calls.h"
+#include "options/r917_opts.h"
+#include "options/scan_opts.h"
+#include "options/siren_lights.h"
+#include "options/sonvra_opts.h"
+#include "options/speaker_opts.h"
+#include "options/status_opts.h"
+#include "options/system_scan_opts.h"
+#include "options/timer_opts.h"
+#include "options/zemo_opts.h"
+#include "support/record_testing.h"
+#include "support/test_data.h"
+
+namespace persona {
+namespace {
+
+using test::DumpFields;
+using test::ExpectRoundTrip;
+using test::FillFields;
+using test::Hex;
+
+// One option record class: how to make it and how to print it.
+struct Member {
+  const CRuntimeClass* cls;
+  const char* heading;  // null: no block of its own
+  std::function<CObject*()> makeModel;
+  std::function<void(CObject&, CStringArray&, CPersonality*)> print;
+  std::function<void(CObject&, const CObject&)> assign;  // operator=(const T*)
+};
+
+template <class T>
+void AssignFrom(CObject& dst, const CObject& src) {
+  static_cast<T&>(dst) = static_cast<const T*>(&src);
+}
+
+template <class T>
+Member MemberOf(const char* heading) {
+  Member m{T::ThisClass(), heading, nullptr, nullptr, &AssignFrom<T>};
+  if constexpr (std::is_constructible_v<T, unsigned short, int>) {
+    m.makeModel = [] { return new T(100, 0); };
+  }
+  if constexpr (std::is_invocable_v<decltype(&T::printOptToBuffer), const T&, CStringArray&,
+                                    CPersonality*, unsigned short>) {
+    m.print = [](CObject& o, CStringArray& out, CPersonality* p) {
+      static_cast<T&>(o).printOptToBuffer(out, p, 100);
+    };
+  } else if constexpr (std::is_invocable_v<decltype(&T::printOptToBuffer), const T&, CStringArray&,
+                                           CPersonality*>) {
+    m.print = [](CObject& o, CStringArray& out, CPersonality* p) {
+      static_cast<T&>(o).printOptToBuffer(out, p);
+    };
+  }
+  return m;
+}
+
+template <class T>
+Member Unprinted() {
+  Member m{T::ThisClass(), nullptr, nullptr, nullptr, &AssignFrom<T>};
+  if constexpr (std::is_constructible_v<T, unsigned short, int>) {
+    m.makeModel = [] { return new T(100, 0); };
+  }
+  return m;
+}
+
+std::vector<Member> Members() {
+  return {
+      MemberOf<CAlarmOpts>("EXTERNAL I/O OPTIONS:"),
+      MemberOf<CExtSpkrOpts>("EXTERNAL SPEAKER OPTIONS:"),
+      MemberOf<CPubAddOpts>("PUBLIC ADDRESS OPTIONS:"),
+      MemberOf<CDualCtrlOpts>("DUAL CONTROL OPTIONS:"),
+      MemberOf<CNetworkOpts>("NETWORK OPTIONS:"),
+      Unprinted<CMultipleRadioSonvraOpts>(),
+      MemberOf<CKeypadCtrlOpts>("KEYPAD OPTIONS:"),
+      Unprinted<CKeypadCtrlOpts_E1>(),
+      Unprinted<CKeypadCtrlOpts_E2>(),
+      MemberOf<CIgnitionOpts>("IGNITION OPTIONS:"),
+      MemberOf<CDataOpts>("DATA OPTIONS:"),
+      MemberOf<CAgencyData>("AGENCY DATA:"),
+      MemberOf<CExtAddAgencyData>("KORVEX IP AGENCY DATA:"),
+      MemberOf<CStatus>("STATUS / MESSAGE OPTIONS:"),
+      Unprinted<CMessage>(),
+      MemberOf<CPowerUpOpts>("POWER UP OPTIONS:"),
+      MemberOf<CKwOpts>("DIGITAL VOICE OPTIONS:"),
+      MemberOf<CFlashLights>("FLASH LIGHTS OPTIONS:"),
+      MemberOf<CTimerOpts>("TIMER OPTIONS:"),
+      MemberOf<CSystemScanOpts>("SYSTEM SCAN OPTIONS:"),
+      MemberOf<CSonvraOpts>("SONVRA/TREVIX OPTIONS:"),
+      MemberOf<CScanOpts>("SCAN OPTIONS:"),
+      Unprinted<CConvScanOpts>(),
+      Unprinted<CLumoConvScanOpts>(),
+      Unprinted<CSirenLights>(),
+      MemberOf<CSirenLightsOpts>("SIREN AND LIGHTS OPTIONS:"),
+      MemberOf<CPrgrmICall>("PROGRAMMABLE INDIVIDUAL CALLS:"),
+      MemberOf<CPrgrmPhoneCall>("PROGRAMMABLE PHONE CALLS:"),
+      MemberOf<CR917Opts>("R917 OPTIONS:"),
+      MemberOf<CZemoOpts>("Tarsk Z40A/ZQ400/ZEMO/Quenby XR/LRA OPTIONS:"),
+      MemberOf<CDiagnosticOpts>("DIAGNOSTIC OPTIONS:"),
+      MemberOf<CSilCustomOpts>("SIL CUSTOM OPTIONS:"),
+      MemberOf<COstrelCustomOpts>("VRD OPTIONS:"),
+      MemberOf<CKorvex2CustomOpts>("KORVEX2 OPTIONS:"),
+      MemberOf<CLumoOpts>("LUMO/FENN/COYLE Q9P OPTIONS:"),
+      Unprinted<CFennOpts>(),
+      MemberOf<CMosaicOpts>("Mosaic Options:"),
+      MemberOf<CCoyle300Opts>("COYLE 300 SERIES OPTIONS:"),
+      Unprinted<CMmsMsg>(),
+      MemberOf<CMmsOpts>("RADIO VESKA OPTIONS:"),
+  };
+}
+
+std::unique_ptr<CObject> Make(const CRuntimeClass* cls) {
+  return std::unique_ptr<CObject>(cls->CreateObject());
+}
+
+// The schema that added each described field, in table order (0 or 1: every schema).
+class SinceList : public CFieldVisitor {
+ public:
+  std::vector<unsigned> since;
+  void Field(const FieldInfo& f, bool&) override { since.push_back(f.since); }
+  void Field(const FieldInfo& f, BYTE&) override { since.push_back(f.since); }
+  void Field(const FieldInfo& f, WORD&) override { since.push_back(f.since); }
+  void Field(const FieldInfo& f, short&) override { since.push_back(f.since); }
+  void Field(const FieldInfo& f, DWORD&) override { since.push_back(f.since); }
+  void Field(const FieldInfo& f, LONG&) override { since.push_back(f.since); }
+  void Field(const FieldInfo& f, double&) override { since.push_back(f.since); }
+  void Field(const FieldInfo& f, CString&) override { since.push_back(f.since); }
+  void Field(const FieldInfo& f, CStringArray&) override { since.push_back(f.since); }
+  void Field(const FieldInfo& f, CWordArray&) override { since.push_back(f.since); }
+  void Field(const FieldInfo& f, WORD*, std::size_t) override { since.push_back(f.since); }
+  void Field(const FieldInfo& f, COwnedObList&) override { since.push_back(f.since); }
+  void Field(const FieldInfo& f, CObList&) override { since.push_back(f.since); }
+};
+
+// Writes the fields that an object of an older schema holds, the way that schema stored them.
+class OldSchemaWriter : public CFieldVisitor {
+ public:
+  OldSchemaWriter(CArchive& ar, unsigned schema) : m_ar(ar), m_schema(schema) {}
+  void Field(const FieldInfo& f, bool& v) override { Put(f, v); }
+  void Field(const FieldInfo& f, BYTE& v) override { Put(f, v); }
+  void Field(const FieldInfo& f, WORD& v) override { Put(f, v); }
+  void Field(const FieldInfo& f, short& v) override { Put(f, v); }
+  void Field(const FieldInfo& f, DWORD& v) override { Put(f, v); }
+  void Field(const FieldInfo& f, LONG& v) override { Put(f, v); }
+  void Field(const FieldInfo& f, double& v) override { Put(f, v); }
+  void Field(const FieldInfo& f, CString& v) override { Put(f, v); }
+  void Field(const FieldInfo& f, CStringArray& v) override {
+    if (Has(f)) v.Serialize(m_ar);
+  }
+  void Field(const FieldInfo& f, CWordArray& v) override {
+    if (Has(f)) v.Serialize(m_ar);
+  }
+  void Field(const FieldInfo& f, WORD* values, std::size_t n) override {
+    for (std::size_t i = 0; Has(f) && i < n; ++i) m_ar << values[i];
+  }
+  void Field(const FieldInfo& f, COwnedObList& v) override {
+    if (Has(f)) v.Serialize(m_ar);
+  }
+  void Field(const FieldInfo& f, CObList& v) override {
+    if (Has(f)) v.Serialize(m_ar);
+  }
+
+ private:
+  bool Has(const FieldInfo& f) const { return f.since <= m_schema; }
+  template <class T>
+  void Put(const FieldInfo& f, const T& v) {
+    if (Has(f)) m_ar << v;
+  }
+  CArchive& m_ar;
+  unsigned m_schema;
+};
+
+// Fills every field, and gives every owned element list two filled elements of its class.
+class ElementFiller : public SinceList {
+ public:
+  explicit ElementFiller(int seed) : m_seed(seed) {}
+  void Field(const FieldInfo& f, COwnedObList& list) override {
+    SinceList::Field(f, list);
+    for (int i = 0; i < 2; ++i) {
+      CObject* e = list.GetElementClass()->CreateObject();
+      FillFields(*e, m_seed + 10 * (i + 1));
+      list.Add(e);
+    }
+  }
+
+ private:
+  int m_seed;
+};
+
+void FillAll(CObject& rec, int seed) {
+  FillFields(rec, seed);
+  ElementFiller elements(seed);
+  rec.VisitFields(elements);
+}
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) lines.push_back(line);
+  return lines;
+}
+
+TEST(OptionRecordFamily, EveryMemberRoundTripsWithDistinctiveValues) {
+  for (const Member& m : Members()) {
+    SCOPED_TRACE(m.cls->m_lpszClassName);
+    auto rec = Make(m.cls);
+    ASSERT_TRUE(rec);
+    FillAll(*rec, 3);
+    const std::vector<BYTE> bytes = ExpectRoundTrip(*rec);
+    // The stored class tag carries the class's own schema.
+    ASSERT_GT(bytes.size(), 4u);
+    EXPECT_EQ(bytes[2] | bytes[3] << 8, static_cast<int>(m.cls->GetSchema()));
+    // A filled record differs from a fresh one: no field was left out of the description.
+    auto fresh = Make(m.cls);
+    EXPECT_NE(DumpFields(*fresh), DumpFields(*rec));
+  }
+}
+
+TEST(OptionRecordFamily, CopiesAndAssignmentsCarryEveryField) {
+  for (const Member& m : Members()) {
+    SCOPED_TRACE(m.cls->m_lpszClassName);
+    auto rec = Make(m.cls);
+    FillAll(*rec, 5);
+    std::unique_ptr<CObject> copy(m.cls->CopyObject(*rec));
+    ASSERT_TRUE(copy);
+    EXPECT_EQ(DumpFields(*rec), DumpFields(*copy));
+    EXPECT_EQ(Hex(test::StoreObject(rec.get())), Hex(test::StoreObject(copy.get())));
+    // Pointer assignment over a differently filled record (its elements are replaced).
+    auto target = Make(m.cls);
+    FillAll(*target, 9);
+    m.assign(*target, *rec);
+    EXPECT_EQ(DumpFields(*rec), DumpFields(*target));
+    m.assign(*target, *target);
+    EXPECT_EQ(DumpFields(*rec), DumpFields(*target));
+    // Delete empties the lists and keeps the values.
+    if (auto* option = dynamic_cast<CSerial*>(target.get())) {
+      option->Delete();
+      for (const std::string& line : Lines(DumpFields(*target))) {
+        EXPECT_TRUE(line.find("= [") == std::string::npos || line.find("= []") != std::string::npos)
+            << line;
+        EXPECT_TRUE(line.find(" records") == std::string::npos ||
+                    line.find("= 0 records") != std::string::npos)
+            << line;
+      }
+    }
+  }
+}
+
+TEST(OptionRecordFamily, ReportBlocksStartWithHeadingAndUnderlineAndEndEmpty) {
+  for (const Member& m : Members()) {
+    SCOPED_TRACE(m.cls->m_lpszClassName);
+    ASSERT_EQ(m.heading != nullptr, static_cast<bool>(m.print));
+    if (!m.print) continue;
+    auto rec = Make(m.cls);
+    FillAll(*rec, 2);
+    CPersonality personality(100, 0);
+    CStringArray out;
+    m.print(*rec, out, &personality);
+    ASSERT_GE(out.GetSize(), 4);
+    EXPECT_EQ(out[0], m.heading);
+    EXPECT_EQ(out[1], CString('-', static_cast<int>(std::strlen(m.heading))));
+    EXPECT_EQ(out[out.GetSize() - 1], "");
+    // Value lines start with three blanks; an empty line closes a block, and only another
+    // underlined heading may follow it.
+    for (int i = 2; i + 1 < out.GetSize(); ++i) {
+      if (out[i].IsEmpty()) {
+        ASSERT_LT(i + 2, out.GetSize());
+        EXPECT_EQ(out[i + 2], CString('-', out[i + 1].GetLength())) << out[i + 1].str();
+        i += 2;
+      } else {
+        EXPECT_EQ(out[i].Left(3).str(), "   ") << out[i].str();
+      }
+    }
+  }
+}
+
+TEST(OptionRecordFamily, SchemaGuardsStayWithinTheClassSchema) {
+  for (const Member& m : Members()) {
+    SCOPED_TRACE(m.cls->m_lpszClassName);
+    auto rec = Make(m.cls);
+    SinceList list;
+    rec->VisitFields(list);
+    ASSERT_FALSE(list.since.empty());
+    unsigned last = 0;
+    for (unsigned s : list.since) {
+      EXPECT_LE(s, m.cls->GetSchema());
+      // A new schema only appends: guards never go down along the archive order.
+      EXPECT_GE(s, last);
+      last = s;
+    }
+    // A non-versionable class has one layout; each later schema of a versionable one added
+    // fields.
+    const unsigned schema = m.cls->GetSchema();
+    for (unsigned n = 2; n <= schema; ++n) {
+      EXPECT_TRUE(m.cls->IsVersionable());
+      EXPECT_NE(std::find(list.since.begin(), list.since.end(), n), list.since.end()) << n;
+    }
+  }
+}
+
+TEST(OptionRecordFamily, OlderSchemasLoadWithLaterFieldsAtTheirDefaults) {
+  for (const Member& m : Members()) {
+    if (!m.cls->IsVersionable()) continue;
+    for (unsigned schema = 1; schema < m.cls->GetSchema(); ++schema) {
+      SCOPED_TRACE(std::string(m.cls->m_lpszClassName) + " schema " + std::to_string(schema));
+      auto filled = Make(m.cls);
+      FillFields(*filled, 7);
+      CArchive ar(nullptr, CArchive::store);
+      const std::size_t nameLength = std::strlen(m.cls->m_lpszClassName);
+      ar << WORD{0xFFFF} << static_cast<WORD>(schema) << static_cast<WORD>(nameLength);
+      ar.Write(m.cls->m_lpszClassName, static_cast<UINT>(nameLength));
+      OldSchemaWriter writer(ar, schema);
+      filled->VisitFields(writer);
+      const std::vector<BYTE> bytes = ar.TakeStoredBytes();
+
+      CArchive in(bytes.data(), bytes.size(), "old.bin");
+      std::unique_ptr<CObject> loaded = in.ReadOwnedObject(m.cls);
+      EXPECT_EQ(in.GetRemaining(), 0u);
+
+      SinceList since;
+      loaded->VisitFields(since);
+      const auto got = Lines(DumpFields(*loaded));
+      const auto stored = Lines(DumpFields(*filled));
+      const auto fresh = Lines(DumpFields(*Make(m.cls)));
+      ASSERT_EQ(got.size(), since.since.size());
+      for (std::size_t i = 0; i < got.size(); ++i) {
+        EXPECT_EQ(got[i], since.since[i] <= schema ? stored[i] : fresh[i]);
+      }
+    }
+  }
+}
+
+TEST(OptionRecordFamily, ModelConstructorsDifferFromNeutralDefaults) {
+  for (const Member& m : Members()) {
+    // Lists of names and messages start empty on every model, and elements ignore the model.
+    const std::vector<const CRuntimeClass*> modelFree = {
+        CMessage::ThisClass(),        CLumoConvScanOpts::ThisClass(), CPrgrmICall::ThisClass(),
+        CPrgrmPhoneCall::ThisClass(), CSirenLights::ThisClass(),      CMmsMsg::ThisClass()};
+    if (!m.makeModel || std::find(modelFree.begin(), modelFree.end(), m.cls) != modelFree.end()) {
+      continue;
+    }
+    SCOPED_TRACE(m.cls->m_lpszClassName);
+    std::unique_ptr<CObject> model(m.makeModel());
+    EXPECT_NE(DumpFields(*Make(m.cls)), DumpFields(*model));
+  }
+}
+
+}  // namespace
+}  // namespace persona
