@@ -1,7 +1,7 @@
 // Keypad control options: model defaults and report block.
 #include "options/keypad_ctrl_opts.h"
 
-#include "options/quoted_option.h"
+#include "options/option_record.h"
 
 namespace persona {
 

@@ -1,7 +1,7 @@
 // Model family options: model defaults and report block.
 #include "options/lumo_opts.h"
 
-#include "options/quoted_option.h"
+#include "options/option_record.h"
 
 namespace persona {
 

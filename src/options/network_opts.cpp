@@ -1,7 +1,7 @@
 // Network options: model defaults and report block.
 #include "options/network_opts.h"
 
-#include "options/quoted_option.h"
+#include "options/option_record.h"
 
 namespace persona {
 
@@ -15,7 +15,7 @@ CNetworkOpts::CNetworkOpts(unsigned short, int reducedDefaults) {
 
 void CNetworkOpts::printOptToBuffer(CStringArray& out, CPersonality* personality,
                                     unsigned short radioType) const {
-  const CQuotedOption<CMultipleRadioSonvraOpts> audio(personality, radioType);
+  const QuotedOption<CMultipleRadioSonvraOpts> audio(personality, radioType);
   PrintFieldBlock(out, "NETWORK OPTIONS:", audio.get());
 }
 

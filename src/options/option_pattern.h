@@ -156,11 +156,9 @@ class CFieldOption : public CFieldRecord<Derived, CSerial> {
 }  // namespace persona
 
 // In the class body of a record built on CFieldRecord / CFieldOption: its run-time class, its
-// fields for run-time visitors (after those of base), the pointer assignment, and ThisClass()
-// (the run-time class, for templates: RUNTIME_CLASS needs the class's own name).
-#define PERSONA_OPTION_RECORD(cls, base)               \
-  DECLARE_SERIAL(cls)                                  \
-  PERSONA_FIELDS(base)                                 \
- public:                                               \
-  using ::persona::CFieldRecord<cls, base>::operator=; \
-  static const ::persona::CRuntimeClass* ThisClass() { return RUNTIME_CLASS(cls); }
+// fields for run-time visitors (after those of base) and the pointer assignment.
+#define PERSONA_OPTION_RECORD(cls, base) \
+  DECLARE_SERIAL(cls)                    \
+  PERSONA_FIELDS(base)                   \
+ public:                                 \
+  using ::persona::CFieldRecord<cls, base>::operator=;

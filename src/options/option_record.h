@@ -60,6 +60,13 @@ bool IsRadioTypeSetA(unsigned short radioType);
 // Set B of the model defaults: 59, 64 to 67, 72 to 75, 77, 81, 82, 84 to 86.
 bool IsRadioTypeSetB(unsigned short radioType);
 
+// The personality's record of option class T, or null (also for a null personality); the
+// personality keeps ownership.
+template <class T>
+const T* HeldOption(const CPersonality* personality) {
+  return personality != nullptr ? personality->GetOption<T>() : nullptr;
+}
+
 // The record of option class T that a report quotes: the personality's own when it holds one,
 // otherwise a temporary record built with T(radioType, 0) that lives as long as this object.
 // The personality is never changed; a null personality counts as holding nothing.
@@ -67,7 +74,7 @@ template <class T>
 class QuotedOption {
  public:
   QuotedOption(const CPersonality* personality, unsigned short radioType)
-      : m_record(personality != nullptr ? personality->GetOption<T>() : nullptr) {
+      : m_record(HeldOption<T>(personality)) {
     if (m_record == nullptr) {
       m_temporary = std::make_unique<T>(radioType, 0);
       m_record = m_temporary.get();
@@ -75,6 +82,7 @@ class QuotedOption {
   }
   const T& operator*() const { return *m_record; }
   const T* operator->() const { return m_record; }
+  const T* get() const { return m_record; }
 
  private:
   std::unique_ptr<T> m_temporary;

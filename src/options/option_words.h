@@ -1,5 +1,4 @@
-// Helpers shared by several option records: the word lists that more than one report block
-// prints through, and the radio type test of model defaults.
+// Word lists that more than one option report block prints through.
 #pragma once
 
 #include <initializer_list>
@@ -28,13 +27,5 @@ inline constexpr const char* kPortCharBitWords[] = {"7", "8"};
 // Port code defaults: 9600 baud, no parity, one stop bit, eight bits per character.
 constexpr BYTE kPortBaud9600 = 3;
 constexpr BYTE kPortEightBits = 1;
-
-// True when radioType is one of codes (exact match: 4150 is not 54).
-constexpr bool RadioTypeIn(unsigned short radioType, std::initializer_list<unsigned short> codes) {
-  for (unsigned short c : codes) {
-    if (c == radioType) return true;
-  }
-  return false;
-}
 
 }  // namespace persona

@@ -1,7 +1,7 @@
 // Scan options: model defaults and report block.
 #include "options/scan_opts.h"
 
-#include "options/quoted_option.h"
+#include "options/option_record.h"
 
 namespace persona {
 
@@ -17,7 +17,7 @@ CScanOpts::CScanOpts(unsigned short, int reducedDefaults) {
 
 void CScanOpts::printOptToBuffer(CStringArray& out, CPersonality* personality,
                                  unsigned short radioType) const {
-  const CQuotedOption<CConvScanOpts> conv(personality, radioType);
+  const QuotedOption<CConvScanOpts> conv(personality, radioType);
   PrintFieldBlock(out, "SCAN OPTIONS:", conv.get(), HeldOption<CLumoConvScanOpts>(personality));
 }
 

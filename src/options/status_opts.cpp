@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "options/quoted_option.h"
+#include "options/option_record.h"
 
 namespace persona {
 
@@ -30,7 +30,7 @@ void CStatus::printOptToBuffer(CStringArray& out, CPersonality* personality,
   OptionBlock block(out, "STATUS / MESSAGE OPTIONS:");
   PrintFieldLines(block);
   for (int i = 0; i < GetNumStatuses(); ++i) PrintEntry(block, "Status", i, GetStatusAt(i));
-  const CQuotedOption<CMessage> messages(personality, radioType);
+  const QuotedOption<CMessage> messages(personality, radioType);
   for (int i = 0; i < messages->GetNumMessages(); ++i) {
     PrintEntry(block, "Message", i, messages->GetMessageAt(i));
   }

@@ -50,7 +50,7 @@ TEST(NetworkOpts, BlockEndsWithTheAudioSelectionOfThePersonality) {
   ASSERT_EQ(quoted.GetSize(), out.GetSize());
   EXPECT_EQ(quoted[10].str(),
             "   Audio Switch Delta         - 6              Audio Transition Level      - 20");
-  EXPECT_EQ(bare.GetOption(CMultipleRadioSonvraOpts::ThisClass()), nullptr);
+  EXPECT_EQ(bare.GetOption(CMultipleRadioSonvraOpts::GetThisClass()), nullptr);
 }
 
 TEST(KeypadCtrlOpts, ExtensionLinesOnlyWhenThePersonalityHoldsThem) {

@@ -65,7 +65,7 @@ void AssignFrom(CObject& dst, const CObject& src) {
 
 template <class T>
 Member MemberOf(const char* heading) {
-  Member m{T::ThisClass(), heading, nullptr, nullptr, &AssignFrom<T>};
+  Member m{T::GetThisClass(), heading, nullptr, nullptr, &AssignFrom<T>};
   if constexpr (std::is_constructible_v<T, unsigned short, int>) {
     m.makeModel = [] { return new T(100, 0); };
   }
@@ -85,7 +85,7 @@ Member MemberOf(const char* heading) {
 
 template <class T>
 Member Unprinted() {
-  Member m{T::ThisClass(), nullptr, nullptr, nullptr, &AssignFrom<T>};
+  Member m{T::GetThisClass(), nullptr, nullptr, nullptr, &AssignFrom<T>};
   if constexpr (std::is_constructible_v<T, unsigned short, int>) {
     m.makeModel = [] { return new T(100, 0); };
   }
@@ -362,8 +362,9 @@ TEST(OptionRecordFamily, ModelConstructorsDifferFromNeutralDefaults) {
   for (const Member& m : Members()) {
     // Lists of names and messages start empty on every model, and elements ignore the model.
     const std::vector<const CRuntimeClass*> modelFree = {
-        CMessage::ThisClass(),        CLumoConvScanOpts::ThisClass(), CPrgrmICall::ThisClass(),
-        CPrgrmPhoneCall::ThisClass(), CSirenLights::ThisClass(),      CMmsMsg::ThisClass()};
+        CMessage::GetThisClass(),     CLumoConvScanOpts::GetThisClass(),
+        CPrgrmICall::GetThisClass(),  CPrgrmPhoneCall::GetThisClass(),
+        CSirenLights::GetThisClass(), CMmsMsg::GetThisClass()};
     if (!m.makeModel || std::find(modelFree.begin(), modelFree.end(), m.cls) != modelFree.end()) {
       continue;
     }

@@ -47,7 +47,7 @@ class Bytes {
 // Loads the root record of bytes, which must be a T (a record with ThisClass()).
 template <class T>
 std::unique_ptr<T> LoadOption(const std::vector<BYTE>& bytes) {
-  return std::unique_ptr<T>(static_cast<T*>(LoadObject(bytes, T::ThisClass()).release()));
+  return std::unique_ptr<T>(static_cast<T*>(LoadObject(bytes, T::GetThisClass()).release()));
 }
 
 }  // namespace persona::test

@@ -52,7 +52,7 @@ TEST(ScanOpts, BlockQuotesConventionalScanAndLumoPrioritiesWhenHeld) {
   scan.printOptToBuffer(plain, &bare, 54);
   EXPECT_TRUE(HasLine(plain, "   Conventional Scan          - On "));
   EXPECT_FALSE(HasLine(plain, "   Priority 1 Channel"));
-  EXPECT_EQ(bare.GetOption(CConvScanOpts::ThisClass()), nullptr);
+  EXPECT_EQ(bare.GetOption(CConvScanOpts::GetThisClass()), nullptr);
 
   CPersonality personality(54, 0);
   auto* conv = new CConvScanOpts;

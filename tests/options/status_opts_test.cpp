@@ -129,7 +129,7 @@ TEST(StatusOpts, ReportListsStatusesAndThePersonalitysMessages) {
   CStringArray lines;
   status.printOptToBuffer(lines, &bare, 54);
   EXPECT_EQ(lines.GetSize(), 6);
-  EXPECT_EQ(bare.GetOption(CMessage::ThisClass()), nullptr);
+  EXPECT_EQ(bare.GetOption(CMessage::GetThisClass()), nullptr);
 }
 
 }  // namespace
