@@ -1,11 +1,26 @@
 // Serializable classes of the systems folder.
 #include "core/class_registry.h"
 #include "systems/esk_data.h"
+#include "systems/ext_add_group_set.h"
+#include "systems/group_set.h"
+#include "systems/p25_group_set.h"
+#include "systems/plm_group_set.h"
+#include "systems/trunk_set.h"
 
 namespace persona {
 
 void RegisterSystemsClasses() {
   CRuntimeClass::Register(RUNTIME_CLASS(CEskData));
+  CRuntimeClass::Register(RUNTIME_CLASS(CTrunkChannel));
+  CRuntimeClass::Register(RUNTIME_CLASS(CTrunkSet));
+  CRuntimeClass::Register(RUNTIME_CLASS(CGroup));
+  CRuntimeClass::Register(RUNTIME_CLASS(CGroupSet));
+  CRuntimeClass::Register(RUNTIME_CLASS(CExtAddGroup));
+  CRuntimeClass::Register(RUNTIME_CLASS(CExtAddGroupSet));
+  CRuntimeClass::Register(RUNTIME_CLASS(CPlmGroup));
+  CRuntimeClass::Register(RUNTIME_CLASS(CPlmGroupSet));
+  CRuntimeClass::Register(RUNTIME_CLASS(CP25Group));
+  CRuntimeClass::Register(RUNTIME_CLASS(CP25GroupSet));
 }
 
 }  // namespace persona
