@@ -53,47 +53,24 @@ TEST(GroupSet, StoresTheDocumentedLayout) {
   ea->SetKeyBank(3);
   set.Add(ea);
 
+  // clang-format off
   const auto expected = ArchiveBytes()
-                            .newClass(3, "CGroupSet")
-                            .count(2)
-                            .newClass(1, "CGroup")
-                            .str("DISP")
-                            .u16(0x0304)
-                            .u8(0)
-                            .u8(1)
-                            .u8(1)
-                            .u8(1)
-                            .u8(1)
-                            .u8(1)
-                            .u8(1)  // Tx .. Backlight
-                            .u16(8)
-                            .u16(2)
-                            .newClass(1, "CExtAddGroup")
-                            .str("WIDE")
-                            .u16(5)
-                            .u8(1)
-                            .u8(1)
-                            .u8(1)
-                            .u8(1)
-                            .u8(0)
-                            .u8(0)
-                            .u8(1)
-                            .u16(0)
-                            .u16(0)
-                            .u32(0x01020304)
-                            .u16(3)
-                            .str("FIRE")
-                            .u8(2)
-                            .u8(0)
-                            .str("DISP")
-                            .str("TAC1")
-                            .str("TAC2")
-                            .str("CMD")
-                            .count(1)
-                            .newClass(1, "CEskData")
-                            .str("K")
-                            .u32(0xFFFFFFFE)
-                            .bytes();
+      .newClass(3, "CGroupSet")
+      .count(2)
+      .newClass(1, "CGroup").str("DISP").u16(0x0304)
+      .u8(0).u8(1).u8(1).u8(1).u8(1).u8(1).u8(1)            // Tx, Rx, Calls, Alert, WideArea,
+                                                           // Scan, Backlight
+      .u16(8).u16(2)                                       // KwKey, CallTime
+      .newClass(1, "CExtAddGroup").str("WIDE").u16(5)
+      .u8(1).u8(1).u8(1).u8(1).u8(0).u8(0).u8(1).u16(0).u16(0)
+      .u32(0x01020304).u16(3)                              // EaGrpId, KeyBank
+      .str("FIRE").u8(2).u8(0)                             // name, set type, scope
+      .str("DISP").str("TAC1").str("TAC2")                 // home and priority groups
+      .str("CMD")                                          // schema 2: priority talk group
+      .count(1)                                            // schema 3: the key list
+      .newClass(1, "CEskData").str("K").u32(0xFFFFFFFE)
+      .bytes();
+  // clang-format on
   EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
   test::ExpectRoundTrip(set);
 }
@@ -347,24 +324,15 @@ TEST(PlmGroupSet, StoresAndPrints) {
   EXPECT_EQ(0, g->GetTone(4));
   g->SetTone(-1, 99);  // outside 0 to 3: ignored
 
+  // clang-format off
   const auto expected = ArchiveBytes()
-                            .newClass(1, "CPlmGroupSet")
-                            .count(1)
-                            .newClass(1, "CPlmGroup")
-                            .str("ALL")
-                            .u16(10)
-                            .u16(11)
-                            .u16(12)
-                            .u16(13)
-                            .u8(1)
-                            .u8(0)
-                            .u8(0)
-                            .u8(1)
-                            .u8(0)
-                            .str("PAGE")
-                            .u8(6)
-                            .u8(0)
-                            .bytes();
+      .newClass(1, "CPlmGroupSet")
+      .count(1)
+      .newClass(1, "CPlmGroup").str("ALL").u16(10).u16(11).u16(12).u16(13)
+      .u8(1).u8(0).u8(0).u8(1).u8(0)  // FastBusy, ExtAlarm, TxDis, RxDis, Backlight
+      .str("PAGE").u8(6).u8(0)
+      .bytes();
+  // clang-format on
   EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
 
   CStringArray out;

@@ -36,31 +36,18 @@ TEST(P25GroupSet, StoresTheDocumentedLayout) {
   g->SetCalls(0);
   g->SetScan(1);
   set.Add(g);
+  // clang-format off
   const auto expected = ArchiveBytes()
-                            .newClass(4, "CP25GroupSet")
-                            .count(1)
-                            .newClass(4, "CP25Group")
-                            .str("OPS")
-                            .u32(0x00012345)
-                            .u8(3)
-                            .u8(1)
-                            .u8(1)
-                            .u32(0x0A0B)
-                            .u8(1)  // schema 2
-                            .u8(1)  // schema 3: Sf
-                            .u8(1)
-                            .u8(1)
-                            .u8(0)
-                            .u8(1)
-                            .u8(1)
-                            .u8(1)  // schema 4: Tx .. Backlight
-                            .str("P25")
-                            .u8(9)
-                            .u8(0)
-                            .str("OPS")
-                            .str("")
-                            .str("EMS")
-                            .bytes();
+      .newClass(4, "CP25GroupSet")
+      .count(1)
+      .newClass(4, "CP25Group").str("OPS").u32(0x00012345).u8(3)
+      .u8(1).u8(1).u32(0x0A0B).u8(1)        // schema 2: Encrypt, EncType, KeyId, Suppress
+      .u8(1)                                // schema 3: Sf
+      .u8(1).u8(1).u8(0).u8(1).u8(1).u8(1)  // schema 4: Tx, Rx, Calls, Alert, Scan, Backlight
+      .str("P25").u8(9).u8(0)
+      .str("OPS").str("").str("EMS")
+      .bytes();
+  // clang-format on
   EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
   test::ExpectRoundTrip(set);
 }

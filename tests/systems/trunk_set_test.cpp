@@ -55,37 +55,22 @@ TEST(TrunkSet, StoresTheDocumentedLayout) {
   set.Add(ch);
   set.AddEsk(&key);
 
+  // clang-format off
   const auto expected = ArchiveBytes()
-                            .newClass(3, "CTrunkSet")
-                            .count(1)
-                            .newClass(3, "CTrunkChannel")
-                            .f64(851.0125)
-                            .f64(806.0125)
-                            .u16(3)
-                            .u8(1)
-                            .u16(2)
-                            .u8(1)
-                            .u8(1)
-                            .str("SITE1")
-                            .u8(0)
-                            .u8(0)
-                            .f64(806.0)
-                            .f64(825.0)
-                            .f64(851.0)
-                            .f64(870.0)
-                            .u8(1)
-                            .u16(0x0102)
-                            .u16(10)
-                            .u16(20)
-                            .u8(1)
-                            .u8(1)
-                            .u8(1)  // BandWidth, PreAmp, UnkeyMess
-                            .count(1)
-                            .newClass(1, "CEskData")
-                            .str("K1")
-                            .u32(7)
-                            .u8(0)  // BaudRate, last
-                            .bytes();
+      .newClass(3, "CTrunkSet")
+      .count(1)                                        // the channel list
+      .newClass(3, "CTrunkChannel")
+      .f64(851.0125).f64(806.0125).u16(3).u8(1).u16(2)  // frequencies, OscShift, OsOpt, Type
+      .u8(1).u8(1)                                     // 4800Baud, Npspac
+      .str("SITE1").u8(0).u8(0)                        // name, set type, scope
+      .f64(806.0).f64(825.0).f64(851.0).f64(870.0)     // TxMin, TxMax, RxMin, RxMax
+      .u8(1).u16(0x0102).u16(10).u16(20)               // Power, SiteId, CCLimit, MaxChan
+      .u8(1).u8(1).u8(1)                               // BandWidth, PreAmp, UnkeyMess
+      .count(1)                                        // the key list
+      .newClass(1, "CEskData").str("K1").u32(7)
+      .u8(0)                                           // BaudRate, last
+      .bytes();
+  // clang-format on
   EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
   test::ExpectRoundTrip(set);
 }
@@ -93,29 +78,16 @@ TEST(TrunkSet, StoresTheDocumentedLayout) {
 TEST(TrunkSet, LoadsOlderSchemasWithLaterFieldsAtTheirDefaults) {
   // Schema 1: channels without 4800Baud and Npspac, no key list, no baud rate; a band width
   // of 5 is repaired to 0.
+  // clang-format off
   const auto schema1 = ArchiveBytes()
-                           .newClass(1, "CTrunkSet")
-                           .count(1)
-                           .newClass(1, "CTrunkChannel")
-                           .f64(851.5)
-                           .f64(806.5)
-                           .u16(1)
-                           .u8(1)
-                           .u16(1)
-                           .str("OLD")
-                           .u8(0)
-                           .u8(0)
-                           .f64(806.0)
-                           .f64(825.0)
-                           .f64(851.0)
-                           .f64(870.0)
-                           .u8(1)
-                           .u16(9)
-                           .u16(15)
-                           .u16(28)
-                           .u8(5)
-                           .u8(1)
-                           .u8(0);
+      .newClass(1, "CTrunkSet")
+      .count(1)
+      .newClass(1, "CTrunkChannel").f64(851.5).f64(806.5).u16(1).u8(1).u16(1)
+      .str("OLD").u8(0).u8(0)
+      .f64(806.0).f64(825.0).f64(851.0).f64(870.0)
+      .u8(1).u16(9).u16(15).u16(28)
+      .u8(5).u8(1).u8(0);
+  // clang-format on
   std::vector<std::unique_ptr<CObject>> pool;
   auto set = test::LoadSharing<CTrunkSet>(schema1, pool);
   EXPECT_EQ("OLD", set->GetName());
@@ -130,34 +102,18 @@ TEST(TrunkSet, LoadsOlderSchemasWithLaterFieldsAtTheirDefaults) {
   EXPECT_TRUE(pool.empty());
 
   // Schema 2: channels with 4800Baud, a key list, still no baud rate.
+  // clang-format off
   const auto schema2 = ArchiveBytes()
-                           .newClass(2, "CTrunkSet")
-                           .count(1)
-                           .newClass(2, "CTrunkChannel")
-                           .f64(851.5)
-                           .f64(806.5)
-                           .u16(1)
-                           .u8(1)
-                           .u16(1)
-                           .u8(1)
-                           .str("MID")
-                           .u8(0)
-                           .u8(1)
-                           .f64(806.0)
-                           .f64(825.0)
-                           .f64(851.0)
-                           .f64(870.0)
-                           .u8(1)
-                           .u16(9)
-                           .u16(15)
-                           .u16(28)
-                           .u8(1)
-                           .u8(1)
-                           .u8(0)
-                           .count(1)
-                           .newClass(1, "CEskData")
-                           .str("KEY")
-                           .u32(3);
+      .newClass(2, "CTrunkSet")
+      .count(1)
+      .newClass(2, "CTrunkChannel").f64(851.5).f64(806.5).u16(1).u8(1).u16(1).u8(1)
+      .str("MID").u8(0).u8(1)
+      .f64(806.0).f64(825.0).f64(851.0).f64(870.0)
+      .u8(1).u16(9).u16(15).u16(28)
+      .u8(1).u8(1).u8(0)
+      .count(1)
+      .newClass(1, "CEskData").str("KEY").u32(3);
+  // clang-format on
   set = test::LoadSharing<CTrunkSet>(schema2, pool);
   EXPECT_EQ(0xFF, set->GetBaudRate());
   EXPECT_EQ(1, set->GetBandWidth());
@@ -187,19 +143,14 @@ TEST(TrunkSet, TwoSetsNamingOneKeyStoreItOnceAndLoadSharingIt) {
   const std::vector<BYTE> bytes = out.TakeStoredBytes();
   // Indexes: CTrunkSet 1, the trunk set 2, CEskData 3, the key 4, CGroupSet 5, the group set 6.
   // The group set's key list is one back-reference to object 4.
+  // clang-format off
   const auto groupPart = ArchiveBytes()
-                             .newClass(3, "CGroupSet")
-                             .count(0)
-                             .str("G")
-                             .u8(2)
-                             .u8(0)
-                             .str("")
-                             .str("")
-                             .str("")
-                             .str("")
-                             .count(1)
-                             .objectRef(4)
-                             .bytes();
+      .newClass(3, "CGroupSet")
+      .count(0).str("G").u8(2).u8(0).str("").str("").str("").str("")
+      .count(1)
+      .objectRef(4)
+      .bytes();
+  // clang-format on
   ASSERT_GE(bytes.size(), groupPart.size());
   EXPECT_EQ(Hex(groupPart),
             Hex(std::vector<BYTE>(bytes.end() - static_cast<long>(groupPart.size()), bytes.end())));
