@@ -7,7 +7,7 @@
 #include "calls/plm_sp_call_set.h"
 #include "support/record_testing.h"
 #include "support/test_data.h"
-#include "systems/archive_bytes.h"
+#include "systems/set_testing.h"
 
 namespace persona {
 namespace {
@@ -79,8 +79,7 @@ TEST(SpCallSet, ReportLines) {
       "      2       Everyone     All Call     *                             Off",
       "",
   };
-  ASSERT_EQ(expected.size(), static_cast<std::size_t>(out.GetSize()));
-  for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(expected[i], out[i].str()) << i;
+  test::ExpectLines(expected, out);
 }
 
 TEST(PlmSpCallSet, BytesEqualityAndReport) {
@@ -119,8 +118,7 @@ TEST(PlmSpCallSet, BytesEqualityAndReport) {
       "      1       Over         Overdial     12#                        1  8  15 22",
       "",
   };
-  ASSERT_EQ(expected.size(), static_cast<std::size_t>(out.GetSize()));
-  for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(expected[i], out[i].str()) << i;
+  test::ExpectLines(expected, out);
 }
 
 }  // namespace

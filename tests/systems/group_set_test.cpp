@@ -7,14 +7,15 @@
 
 #include "support/record_testing.h"
 #include "support/test_data.h"
-#include "systems/archive_bytes.h"
 #include "systems/ext_add_group_set.h"
 #include "systems/plm_group_set.h"
+#include "systems/set_testing.h"
 
 namespace persona {
 namespace {
 
 using test::ArchiveBytes;
+using test::ExpectLines;
 using test::Hex;
 
 template <class G>
@@ -23,11 +24,6 @@ G* MakeGroup(const char* name, WORD id) {
   g->SetName(name);
   g->SetGrpId(id);
   return g;
-}
-
-void ExpectLines(const std::vector<std::string>& expected, const CStringArray& out) {
-  ASSERT_EQ(expected.size(), static_cast<std::size_t>(out.GetSize()));
-  for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(expected[i], out[i].str()) << i;
 }
 
 TEST(GroupSet, StoresTheDocumentedLayout) {
@@ -253,18 +249,12 @@ TEST(GroupSet, EqualityRules) {
 }
 
 TEST(GroupSet, ModelDefaults) {
-  const CGroup reduced43(43, 1, GroupSetType);
-  EXPECT_EQ(0, reduced43.GetTx());
-  EXPECT_EQ(1, reduced43.GetRx());
-  EXPECT_EQ(0, reduced43.GetCalls());
-  EXPECT_EQ(1, reduced43.GetAlert());
-  EXPECT_EQ(1, reduced43.GetBacklight());
-  const CGroup reduced68(68, 1);
-  EXPECT_EQ(0, reduced68.GetAlert());
-  EXPECT_EQ(0, reduced68.GetBacklight());
-  const CGroup full(68, 0);
-  EXPECT_EQ(1, full.GetTx());
-  EXPECT_EQ(1, full.GetCalls());
+  auto switches = [](const CGroup& g) {
+    return std::vector<int>{g.GetTx(), g.GetRx(), g.GetCalls(), g.GetAlert(), g.GetBacklight()};
+  };
+  EXPECT_EQ((std::vector<int>{0, 1, 0, 1, 1}), switches(CGroup(43, 1, GroupSetType)));
+  EXPECT_EQ((std::vector<int>{0, 1, 0, 0, 0}), switches(CGroup(68, 1)));
+  EXPECT_EQ((std::vector<int>{1, 1, 1, 1, 1}), switches(CGroup(68, 0)));
   EXPECT_EQ(EaGroupSetType, CExtAddGroupSet().GetSetType());
   EXPECT_EQ(PlmGroupSetType, CPlmGroupSet(68, 1).GetSetType());
   EXPECT_EQ(GroupSetType, CGroupSet().GetSetType());

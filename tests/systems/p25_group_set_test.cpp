@@ -6,7 +6,7 @@
 
 #include "support/record_testing.h"
 #include "support/test_data.h"
-#include "systems/archive_bytes.h"
+#include "systems/set_testing.h"
 
 namespace persona {
 namespace {
@@ -154,8 +154,7 @@ TEST(P25GroupSet, ReportLines) {
       "                  Key ID            - 0           Suppress Key      - On    ",
       "",
   };
-  ASSERT_EQ(expected.size(), static_cast<std::size_t>(out.GetSize()));
-  for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(expected[i], out[i].str()) << i;
+  test::ExpectLines(expected, out);
 }
 
 }  // namespace

@@ -1,7 +1,10 @@
-// ArchiveBytes: spells out an archive byte by byte in a test (class tags, strings, numbers),
-// so that expectations of stored records and hand-made old-schema files read like the layout.
-// LoadSharing: loads the root record of a lone set and keeps the shared key records alive.
+// Helpers of the set tests. ArchiveBytes spells out an archive byte by byte (class tags,
+// strings, numbers), so that expectations of stored records and hand-made old-schema files read
+// like the layout; LoadSharing loads the root record of a lone set and keeps its shared key
+// records alive; ExpectLines compares report lines.
 #pragma once
+
+#include <gtest/gtest.h>
 
 #include <cstring>
 #include <memory>
@@ -10,6 +13,7 @@
 #include <vector>
 
 #include "framework/archive.h"
+#include "framework/collections.h"
 #include "framework/types.h"
 
 namespace persona::test {
@@ -63,6 +67,19 @@ std::unique_ptr<T> LoadSharing(const std::vector<BYTE>& bytes,
   for (auto& shared : ar.TakeSharedObjects()) pool.push_back(std::move(shared));
   if (dynamic_cast<T*>(obj.get()) == nullptr) throw std::runtime_error("unexpected root class");
   return std::unique_ptr<T>(static_cast<T*>(obj.release()));
+}
+
+// Expects lines from..from+n-1 of out to be the n expected lines and, with exact set, out to
+// hold nothing else.
+inline void ExpectLines(const std::vector<std::string>& expected, const CStringArray& out,
+                        int from = 0, bool exact = true) {
+  if (exact) {
+    EXPECT_EQ(from + static_cast<int>(expected.size()), out.GetSize());
+  }
+  ASSERT_LE(from + static_cast<int>(expected.size()), out.GetSize());
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    EXPECT_EQ(expected[i], out[from + static_cast<int>(i)].str()) << "line " << from + i;
+  }
 }
 
 }  // namespace persona::test
