@@ -218,7 +218,7 @@ int CConvSet::FindChannelIndex(const CString& name) const {
   return set_helpers::FindIndexByName<CConvChannel>(m_elements, name);
 }
 
-void CConvSet::DeleteSetReferencesToChan(CString name) {
+void CConvSet::DeleteSetReferencesToChan(const CString& name) {
   for (CString* field : {&m_HomeChan, &m_P1Chan, &m_P2Chan, &m_WideScanChan, &m_AltPttChan}) {
     if (*field == name) field->Empty();
   }

@@ -338,7 +338,7 @@ class CConvSet : public CSet {
   // an empty name).
   int FindChannelIndex(const CString& name) const;
   // Empties each of HomeChan, P1Chan, P2Chan, WideScanChan and AltPttChan that equals name.
-  void DeleteSetReferencesToChan(CString name);
+  void DeleteSetReferencesToChan(const CString& name);
   // Empties names, then appends every channel's name in list order.
   void GetNames(CStringArray& names) const;
   // Returns 1 when every channel passes, 0 at the first that fails: a tx above 0 and below

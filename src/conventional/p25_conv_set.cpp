@@ -117,7 +117,7 @@ int CP25ConvSet::FindChannelIndex(const CString& name) const {
   return set_helpers::FindIndexByName<CP25ConvChannel>(m_elements, name);
 }
 
-void CP25ConvSet::DeleteSetReferencesToChan(CString name) {
+void CP25ConvSet::DeleteSetReferencesToChan(const CString& name) {
   if (m_P25GroupSet == name) m_P25GroupSet.Empty();
 }
 

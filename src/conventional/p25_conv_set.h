@@ -166,7 +166,7 @@ class CP25ConvSet : public CSet {
   int FindChannelIndex(const CString& name) const;
   // Empties P25GroupSet when it equals name (the name of a channel being deleted is compared
   // with the group set name; the channels are untouched).
-  void DeleteSetReferencesToChan(CString name);
+  void DeleteSetReferencesToChan(const CString& name);
   // Empties names, then appends every channel's name in list order.
   void GetNames(CStringArray& names) const;
   // As CConvSet::CheckFrequencyRange, except that the receive upper test always allows

@@ -119,7 +119,7 @@ void CGroupSet::GetNames(CStringArray& names) const {
   set_helpers::CollectNames<CGroup>(m_elements, names);
 }
 
-void CGroupSet::DeleteSetReferencesToGroup(CString name) {
+void CGroupSet::DeleteSetReferencesToGroup(const CString& name) {
   if (name.IsEmpty()) return;
   for (CString* field : {&m_HomeGrp, &m_Priority1Grp, &m_Priority2Grp, &m_PriorityTalkGrp}) {
     if (*field == name) field->Empty();

@@ -125,7 +125,7 @@ class CGroupSet : public CSet, public CSetKeyList {
   void GetNames(CStringArray& names) const;
   // Empties each of HomeGrp, Priority1Grp, Priority2Grp and PriorityTalkGrp that equals name
   // (case-sensitive); an empty name does nothing.
-  void DeleteSetReferencesToGroup(CString name);
+  void DeleteSetReferencesToGroup(const CString& name);
 
   CString GetHomeGrp() const { return m_HomeGrp; }
   void SetHomeGrp(CString v) { m_HomeGrp = std::move(v); }

@@ -78,7 +78,7 @@ void CP25GroupSet::GetNames(CStringArray& names) const {
   set_helpers::CollectNames<CP25Group>(m_elements, names);
 }
 
-void CP25GroupSet::DeleteSetReferencesToGroup(CString name) {
+void CP25GroupSet::DeleteSetReferencesToGroup(const CString& name) {
   if (name.IsEmpty()) return;
   for (CString* field : {&m_HomeGrp, &m_Priority1Grp, &m_Priority2Grp}) {
     if (*field == name) field->Empty();

@@ -130,7 +130,7 @@ class CP25GroupSet : public CSet {
   void GetNames(CStringArray& names) const;
   // Empties each of HomeGrp, Priority1Grp and Priority2Grp that equals name; an empty name
   // does nothing.
-  void DeleteSetReferencesToGroup(CString name);
+  void DeleteSetReferencesToGroup(const CString& name);
 
   CString GetHomeGrp() const { return m_HomeGrp; }
   void SetHomeGrp(CString v) { m_HomeGrp = std::move(v); }
