@@ -43,16 +43,12 @@ void CICall::Serialize(CArchive& ar) {
   }
 }
 
-CICallSet::CICallSet() : CSet(ICallSetType) { SetElementClass(RUNTIME_CLASS(CICall)); }
+CICallSet::CICallSet() : CElementSet(ICallSetType, RUNTIME_CLASS(CICall)) {}
 
 CICallSet::CICallSet(unsigned short, int) : CICallSet() {}
 
 CICallSet& CICallSet::operator=(const CICallSet* src) {
-  if (src == nullptr || src == this) return *this;
-  set_helpers::ReplaceWithCopies<CICall>(m_elements, src->m_elements);
-  SetName(src->GetName());
-  SetSetType(src->GetSetType());
-  SetScope(src->GetScope());
+  AssignSetPart<CICall>(src);
   return *this;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/set.h"
+#include "core/set_helpers.h"
 #include "framework/collections.h"
 #include "framework/cstring.h"
 #include "framework/fields.h"
@@ -82,7 +83,7 @@ class CICall : public CObject {
   LONG m_AllCall = 0;
 };
 
-class CICallSet : public CSet {
+class CICallSet : public CElementSet {
   DECLARE_SERIAL(CICallSet)
  public:
   // An empty set of type 4.

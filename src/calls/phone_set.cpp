@@ -31,16 +31,12 @@ void CPhoneCall::Serialize(CArchive& ar) {
   if (ar.IsLoading() && m_Number == " ") m_Number.Empty();
 }
 
-CPhoneSet::CPhoneSet() : CSet(PhoneSetType) { SetElementClass(RUNTIME_CLASS(CPhoneCall)); }
+CPhoneSet::CPhoneSet() : CElementSet(PhoneSetType, RUNTIME_CLASS(CPhoneCall)) {}
 
 CPhoneSet::CPhoneSet(unsigned short, int) : CPhoneSet() {}
 
 CPhoneSet& CPhoneSet::operator=(const CPhoneSet* src) {
-  if (src == nullptr || src == this) return *this;
-  set_helpers::ReplaceWithCopies<CPhoneCall>(m_elements, src->m_elements);
-  SetName(src->GetName());
-  SetSetType(src->GetSetType());
-  SetScope(src->GetScope());
+  AssignSetPart<CPhoneCall>(src);
   return *this;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/set.h"
+#include "core/set_helpers.h"
 #include "framework/collections.h"
 #include "framework/cstring.h"
 #include "framework/fields.h"
@@ -59,7 +60,7 @@ class CPhoneCall : public CObject {
   BYTE m_Encrypted = 0;
 };
 
-class CPhoneSet : public CSet {
+class CPhoneSet : public CElementSet {
   DECLARE_SERIAL(CPhoneSet)
  public:
   // An empty set of type 3.

@@ -27,18 +27,12 @@ int CPlmSpCall::operator==(const CPlmSpCall& o) const { return set_helpers::Same
 
 void CPlmSpCall::Serialize(CArchive& ar) { SerializeFields(ar, *this); }
 
-CPlmSpCallSet::CPlmSpCallSet() : CSet(PlmSpCallSetType) {
-  SetElementClass(RUNTIME_CLASS(CPlmSpCall));
-}
+CPlmSpCallSet::CPlmSpCallSet() : CElementSet(PlmSpCallSetType, RUNTIME_CLASS(CPlmSpCall)) {}
 
 CPlmSpCallSet::CPlmSpCallSet(unsigned short, int) : CPlmSpCallSet() {}
 
 CPlmSpCallSet& CPlmSpCallSet::operator=(const CPlmSpCallSet* src) {
-  if (src == nullptr || src == this) return *this;
-  set_helpers::ReplaceWithCopies<CPlmSpCall>(m_elements, src->m_elements);
-  SetName(src->GetName());
-  SetSetType(src->GetSetType());
-  SetScope(src->GetScope());
+  AssignSetPart<CPlmSpCall>(src);
   return *this;
 }
 

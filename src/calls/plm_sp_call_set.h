@@ -4,6 +4,7 @@
 #pragma once
 
 #include "core/set.h"
+#include "core/set_helpers.h"
 #include "framework/collections.h"
 #include "framework/cstring.h"
 #include "framework/fields.h"
@@ -58,7 +59,7 @@ class CPlmSpCall : public CObject {
   WORD m_Tone[4] = {0, 0, 0, 0};
 };
 
-class CPlmSpCallSet : public CSet {
+class CPlmSpCallSet : public CElementSet {
   DECLARE_SERIAL(CPlmSpCallSet)
  public:
   // An empty set of type 7.

@@ -27,7 +27,7 @@ int CSpCall::operator==(const CSpCall& o) const { return set_helpers::SameFields
 
 void CSpCall::Serialize(CArchive& ar) { SerializeFields(ar, *this); }
 
-CSpCallSet::CSpCallSet() : CSet(SpCallSetType) { SetElementClass(RUNTIME_CLASS(CSpCall)); }
+CSpCallSet::CSpCallSet() : CElementSet(SpCallSetType, RUNTIME_CLASS(CSpCall)) {}
 
 CSpCallSet::CSpCallSet(unsigned short, int reducedDefaults) : CSpCallSet() {
   if (reducedDefaults != 0) {
@@ -37,11 +37,7 @@ CSpCallSet::CSpCallSet(unsigned short, int reducedDefaults) : CSpCallSet() {
 }
 
 CSpCallSet& CSpCallSet::operator=(const CSpCallSet* src) {
-  if (src == nullptr || src == this) return *this;
-  set_helpers::ReplaceWithCopies<CSpCall>(m_elements, src->m_elements);
-  SetName(src->GetName());
-  SetSetType(src->GetSetType());
-  SetScope(src->GetScope());
+  if (!AssignSetPart<CSpCall>(src)) return *this;
   m_LidLow = src->m_LidLow;
   m_LidHigh = src->m_LidHigh;
   return *this;

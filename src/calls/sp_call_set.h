@@ -4,6 +4,7 @@
 #pragma once
 
 #include "core/set.h"
+#include "core/set_helpers.h"
 #include "framework/collections.h"
 #include "framework/cstring.h"
 #include "framework/fields.h"
@@ -55,7 +56,7 @@ class CSpCall : public CObject {
   WORD m_Digital = 0;
 };
 
-class CSpCallSet : public CSet {
+class CSpCallSet : public CElementSet {
   DECLARE_SERIAL(CSpCallSet)
  public:
   // An empty set of type 5 with the ID range 1 to 16382.
@@ -96,7 +97,7 @@ class CSpCallSet : public CSet {
     v("LidLow", m_LidLow);
     v("LidHigh", m_LidHigh);
   }
-  PERSONA_FIELDS(CSet)
+  PERSONA_FIELDS(CElementSet)
 
  private:
   WORD m_LidLow = 1;

@@ -159,23 +159,19 @@ void CConvChannel::Serialize(CArchive& ar) {
 
 // ---- CConvSet --------------------------------------------------------------------------------
 
-CConvSet::CConvSet() : CSet(ConvSetType) { SetElementClass(RUNTIME_CLASS(CConvChannel)); }
+CConvSet::CConvSet() : CElementSet(ConvSetType, RUNTIME_CLASS(CConvChannel)) {}
 
 CConvSet::CConvSet(unsigned short t, int reducedDefaults) : CConvSet() {
   if (reducedDefaults != 0 && (t == 54 || t == 4150)) m_Dtmf = 0;
 }
 
-CConvSet::CConvSet(const CConvSet& src) : CSet(src) {
+CConvSet::CConvSet(const CConvSet& src) : CElementSet(src) {
   CopyOwnFields(src);
   m_T99wcg = src.m_Dtmf;
 }
 
 CConvSet& CConvSet::operator=(const CConvSet* src) {
-  if (src == nullptr || src == this) return *this;
-  set_helpers::ReplaceWithCopies<CConvChannel>(m_elements, src->m_elements);
-  SetName(src->GetName());
-  SetSetType(src->GetSetType());
-  SetScope(src->GetScope());
+  if (!AssignSetPart<CConvChannel>(src)) return *this;
   CopyOwnFields(*src);
   m_T99wcg = src->m_T99wcg;
   return *this;

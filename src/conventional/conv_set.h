@@ -6,6 +6,7 @@
 #pragma once
 
 #include "core/set.h"
+#include "core/set_helpers.h"
 #include "framework/collections.h"
 #include "framework/cstring.h"
 #include "framework/fields.h"
@@ -311,7 +312,7 @@ class CConvChannel : public CObject {
   BYTE m_Talkaround = 1;
 };
 
-class CConvSet : public CSet {
+class CConvSet : public CElementSet {
   DECLARE_SERIAL(CConvSet)
  public:
   // An empty set of type 1: limits 0, no channel names, Dtmf 1, the other options 0.
@@ -413,7 +414,7 @@ class CConvSet : public CSet {
     v("DataCCT", m_DataCCT, Since{3});
     v("AltPttChan", m_AltPttChan, Since{4});
   }
-  PERSONA_FIELDS(CSet)
+  PERSONA_FIELDS(CElementSet)
 
  protected:
   // Clears the names that refer to the channel being deleted (CSet::DeleteAt).

@@ -81,18 +81,12 @@ void CP25ConvChannel::Serialize(CArchive& ar) {
 
 // ---- CP25ConvSet -----------------------------------------------------------------------------
 
-CP25ConvSet::CP25ConvSet() : CSet(P25ConvSetType) {
-  SetElementClass(RUNTIME_CLASS(CP25ConvChannel));
-}
+CP25ConvSet::CP25ConvSet() : CElementSet(P25ConvSetType, RUNTIME_CLASS(CP25ConvChannel)) {}
 
 CP25ConvSet::CP25ConvSet(unsigned short, int) : CP25ConvSet() {}
 
 CP25ConvSet& CP25ConvSet::operator=(const CP25ConvSet* src) {
-  if (src == nullptr || src == this) return *this;
-  set_helpers::ReplaceWithCopies<CP25ConvChannel>(m_elements, src->m_elements);
-  SetName(src->GetName());
-  SetSetType(src->GetSetType());
-  SetScope(src->GetScope());
+  if (!AssignSetPart<CP25ConvChannel>(src)) return *this;
   m_TxMinFreq = src->m_TxMinFreq;
   m_TxMaxFreq = src->m_TxMaxFreq;
   m_RxMinFreq = src->m_RxMinFreq;

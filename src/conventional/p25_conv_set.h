@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/set.h"
+#include "core/set_helpers.h"
 #include "framework/collections.h"
 #include "framework/cstring.h"
 #include "framework/fields.h"
@@ -140,7 +141,7 @@ class CP25ConvChannel : public CObject {
   BYTE m_Talkaround = 1;
 };
 
-class CP25ConvSet : public CSet {
+class CP25ConvSet : public CElementSet {
   DECLARE_SERIAL(CP25ConvSet)
  public:
   // An empty set of type 8: limits 0, no P25 group set.
@@ -201,7 +202,7 @@ class CP25ConvSet : public CSet {
     v("RxMaxFreq", m_RxMaxFreq);
     v("P25GroupSet", m_P25GroupSet);
   }
-  PERSONA_FIELDS(CSet)
+  PERSONA_FIELDS(CElementSet)
 
  protected:
   // Applies DeleteSetReferencesToChan to the channel being deleted (CSet::DeleteAt).

@@ -1,19 +1,24 @@
 // Building blocks that the set classes share: typed access to a set's owned elements (by
-// position, by name, by a predicate), the element-wise equality of two sets, the rebuild of a
-// set's elements from copies of another set's, and the frequency rules of the channel sets
-// (10 Hz step comparison, the band-limit check of every channel).
+// position, by name, by a predicate), the element-wise equality of two sets and the
+// field-by-field equality of two records, the rebuild of a set's elements from copies of another
+// set's, and the frequency rules of the channel sets (10 Hz step comparison, the band-limit check
+// of every channel).
 //
 // Every element is checked against the expected class before it is used, so an element of
 // another class (a set's Add accepts any record) is skipped instead of being misread.
+//
+// CElementSet is the common middle of the set classes: it fixes the set type and the element
+// class at construction and holds the pointer assignment that rebuilds a set from another.
 #pragma once
 
 #include <cmath>
 #include <cstdint>
 #include <initializer_list>
-
 #include <type_traits>
 #include <vector>
 
+#include "core/set.h"
+#include "core/set_types.h"
 #include "framework/collections.h"
 #include "framework/cstring.h"
 #include "framework/fields.h"
@@ -214,3 +219,32 @@ int CheckChannelFrequencies(const COwnedObList& list, const FrequencyLimits& lim
 }
 
 }  // namespace persona::set_helpers
+
+namespace persona {
+
+class CElementSet : public CSet {
+ protected:
+  // An empty set of the given type whose loads accept elementClass and its subclasses.
+  CElementSet(SetType type, const CRuntimeClass* elementClass) : CSet(type) {
+    SetElementClass(elementClass);
+  }
+  // Deep-copies the elements and copies the name, set type and scope (CSet's copy).
+  CElementSet(const CElementSet&) = default;
+  ~CElementSet() override = default;
+
+  // The common part of a set's pointer assignment: replaces every element with a new E
+  // assigned from each E of src, in order, and copies the name, set type and scope. Returns
+  // false, doing nothing, when src is null or this set itself; the caller then copies its own
+  // fields only when true.
+  template <class E>
+  bool AssignSetPart(const CSet* src) {
+    if (src == nullptr || src == this) return false;
+    set_helpers::ReplaceWithCopies<E>(m_elements, src->Elements());
+    SetName(src->GetName());
+    SetSetType(src->GetSetType());
+    SetScope(src->GetScope());
+    return true;
+  }
+};
+
+}  // namespace persona

@@ -35,16 +35,13 @@ void CExtAddGroup::printToBuffer(CStringArray& out, int n) const {
 // ---- CExtAddGroupSet -------------------------------------------------------------------------
 
 CExtAddGroupSet::CExtAddGroupSet() : CGroupSet(EaGroupSetType) {
-  SetElementClass(RUNTIME_CLASS(CExtAddGroup));
+  SetElementClass(RUNTIME_CLASS(CExtAddGroup));  // narrower than the group set's
 }
 
 CExtAddGroupSet::CExtAddGroupSet(unsigned short, int) : CExtAddGroupSet() {}
 
 CExtAddGroupSet& CExtAddGroupSet::operator=(const CExtAddGroupSet* src) {
-  if (src == nullptr || src == this) return *this;
-  set_helpers::ReplaceWithCopies<CExtAddGroup>(m_elements, src->m_elements);
-  SetName(src->GetName());
-  CopyGroupNames(*src);
+  if (AssignSetPart<CExtAddGroup>(src)) CopyGroupNames(*src);
   return *this;
 }
 

@@ -63,12 +63,12 @@ void CGroup::printToBuffer(CStringArray& out, int n) const { printGroup(out, n, 
 
 // ---- CGroupSet -------------------------------------------------------------------------------
 
-CGroupSet::CGroupSet(SetType type) : CSet(type) { SetElementClass(RUNTIME_CLASS(CGroup)); }
+CGroupSet::CGroupSet(SetType type) : CElementSet(type, RUNTIME_CLASS(CGroup)) {}
 
 CGroupSet::CGroupSet(unsigned short, int, SetType type) : CGroupSet(type) {}
 
 CGroupSet::CGroupSet(const CGroupSet& src)
-    : CSet(src),
+    : CElementSet(src),
       CSetKeyList(src),
       m_HomeGrp(src.m_HomeGrp),
       m_Priority1Grp(src.m_Priority1Grp),
@@ -76,16 +76,11 @@ CGroupSet::CGroupSet(const CGroupSet& src)
       m_PriorityTalkGrp(src.m_PriorityTalkGrp) {}
 
 CGroupSet& CGroupSet::operator=(const CGroupSet* src) {
-  if (src == nullptr || src == this) return *this;
-  set_helpers::ReplaceWithCopies<CGroup>(m_elements, src->m_elements);
-  SetName(src->GetName());
-  CopyGroupNames(*src);
+  if (AssignSetPart<CGroup>(src)) CopyGroupNames(*src);
   return *this;
 }
 
 void CGroupSet::CopyGroupNames(const CGroupSet& src) {
-  SetSetType(src.GetSetType());
-  SetScope(src.GetScope());
   m_HomeGrp = src.m_HomeGrp;
   m_Priority1Grp = src.m_Priority1Grp;
   m_Priority2Grp = src.m_Priority2Grp;

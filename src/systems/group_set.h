@@ -93,7 +93,7 @@ class CGroup : public CObject {
   WORD m_CallTime = 0;
 };
 
-class CGroupSet : public CSet, public CSetKeyList {
+class CGroupSet : public CElementSet, public CSetKeyList {
   DECLARE_SERIAL(CGroupSet)
  public:
   // An empty set of the given set type (group sets of trunked systems are type 2).
@@ -157,14 +157,14 @@ class CGroupSet : public CSet, public CSetKeyList {
     v("PriorityTalkGrp", m_PriorityTalkGrp, Since{2});
     v("Esks", m_esks, Since{3});
   }
-  PERSONA_FIELDS(CSet)
+  PERSONA_FIELDS(CElementSet)
 
  protected:
   // Reads the stored schema into the latch, once per object (loading only).
   void LatchSchema(CArchive& ar);
   // The set-level part of equality: HomeGrp, Priority1Grp and Priority2Grp.
   bool SameGroupNames(const CGroupSet& other) const;
-  // Copies the set type, scope and the four group names.
+  // Copies the four group names.
   void CopyGroupNames(const CGroupSet& src);
   // Appends the header, then the lines of every E (numbered by position from 1), each
   // followed by an empty line.

@@ -38,16 +38,12 @@ void CP25Group::Serialize(CArchive& ar) {
 
 // ---- CP25GroupSet ----------------------------------------------------------------------------
 
-CP25GroupSet::CP25GroupSet() : CSet(P25GroupSetType) { SetElementClass(RUNTIME_CLASS(CP25Group)); }
+CP25GroupSet::CP25GroupSet() : CElementSet(P25GroupSetType, RUNTIME_CLASS(CP25Group)) {}
 
 CP25GroupSet::CP25GroupSet(unsigned short, int) : CP25GroupSet() {}
 
 CP25GroupSet& CP25GroupSet::operator=(const CP25GroupSet* src) {
-  if (src == nullptr || src == this) return *this;
-  set_helpers::ReplaceWithCopies<CP25Group>(m_elements, src->m_elements);
-  SetName(src->GetName());
-  SetSetType(src->GetSetType());
-  SetScope(src->GetScope());
+  if (!AssignSetPart<CP25Group>(src)) return *this;
   m_HomeGrp = src->m_HomeGrp;
   m_Priority1Grp = src->m_Priority1Grp;
   m_Priority2Grp = src->m_Priority2Grp;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "core/set.h"
+#include "core/set_helpers.h"
 #include "framework/collections.h"
 #include "framework/cstring.h"
 #include "framework/fields.h"
@@ -100,7 +101,7 @@ class CP25Group : public CObject {
   BYTE m_Backlight = 1;
 };
 
-class CP25GroupSet : public CSet {
+class CP25GroupSet : public CElementSet {
   DECLARE_SERIAL(CP25GroupSet)
  public:
   // An empty set of type 9.
@@ -152,7 +153,7 @@ class CP25GroupSet : public CSet {
     v("Priority1Grp", m_Priority1Grp);
     v("Priority2Grp", m_Priority2Grp);
   }
-  PERSONA_FIELDS(CSet)
+  PERSONA_FIELDS(CElementSet)
 
  protected:
   // Clears the names that refer to the group being deleted (CSet::DeleteAt).

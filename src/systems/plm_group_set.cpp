@@ -25,16 +25,12 @@ void CPlmGroup::Serialize(CArchive& ar) { SerializeFields(ar, *this); }
 
 // ---- CPlmGroupSet ----------------------------------------------------------------------------
 
-CPlmGroupSet::CPlmGroupSet() : CSet(PlmGroupSetType) { SetElementClass(RUNTIME_CLASS(CPlmGroup)); }
+CPlmGroupSet::CPlmGroupSet() : CElementSet(PlmGroupSetType, RUNTIME_CLASS(CPlmGroup)) {}
 
 CPlmGroupSet::CPlmGroupSet(unsigned short, int) : CPlmGroupSet() {}
 
 CPlmGroupSet& CPlmGroupSet::operator=(const CPlmGroupSet* src) {
-  if (src == nullptr || src == this) return *this;
-  set_helpers::ReplaceWithCopies<CPlmGroup>(m_elements, src->m_elements);
-  SetName(src->GetName());
-  SetSetType(src->GetSetType());
-  SetScope(src->GetScope());
+  AssignSetPart<CPlmGroup>(src);
   return *this;
 }
 

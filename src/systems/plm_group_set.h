@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/set.h"
+#include "core/set_helpers.h"
 #include "framework/collections.h"
 #include "framework/cstring.h"
 #include "framework/fields.h"
@@ -68,7 +69,7 @@ class CPlmGroup : public CObject {
   BYTE m_Backlight = 0;
 };
 
-class CPlmGroupSet : public CSet {
+class CPlmGroupSet : public CElementSet {
   DECLARE_SERIAL(CPlmGroupSet)
  public:
   // An empty set of type 6.

@@ -64,7 +64,7 @@ void CTrunkChannel::Serialize(CArchive& ar) {
 
 // ---- CTrunkSet -------------------------------------------------------------------------------
 
-CTrunkSet::CTrunkSet() : CSet(TrunkSetType) { SetElementClass(RUNTIME_CLASS(CTrunkChannel)); }
+CTrunkSet::CTrunkSet() : CElementSet(TrunkSetType, RUNTIME_CLASS(CTrunkChannel)) {}
 
 CTrunkSet::CTrunkSet(unsigned short t, int reducedDefaults, double bandFrequency) : CTrunkSet() {
   if (t == 77 && reducedDefaults == 0) m_Power = 1;
@@ -72,14 +72,12 @@ CTrunkSet::CTrunkSet(unsigned short t, int reducedDefaults, double bandFrequency
   m_BandWidth = bandFrequency > 890.0 ? 1 : 0;
 }
 
-CTrunkSet::CTrunkSet(const CTrunkSet& src) : CSet(src), CSetKeyList(src) { CopySettings(src); }
+CTrunkSet::CTrunkSet(const CTrunkSet& src) : CElementSet(src), CSetKeyList(src) {
+  CopySettings(src);
+}
 
 CTrunkSet& CTrunkSet::operator=(const CTrunkSet* src) {
-  if (src == nullptr || src == this) return *this;
-  set_helpers::ReplaceWithCopies<CTrunkChannel>(m_elements, src->m_elements);
-  SetName(src->GetName());
-  SetSetType(src->GetSetType());
-  SetScope(src->GetScope());
+  if (!AssignSetPart<CTrunkChannel>(src)) return *this;
   CopySettings(*src);
   return *this;
 }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/set.h"
+#include "core/set_helpers.h"
 #include "framework/collections.h"
 #include "framework/cstring.h"
 #include "framework/fields.h"
@@ -72,7 +73,7 @@ class CTrunkChannel : public CObject {
   BYTE m_Npspac = 0;
 };
 
-class CTrunkSet : public CSet, public CSetKeyList {
+class CTrunkSet : public CElementSet, public CSetKeyList {
   DECLARE_SERIAL(CTrunkSet)
  public:
   // Set type 0; limits 0 to 1000 MHz; BaudRate 1 (9600), every other option 0; no keys.
@@ -158,7 +159,7 @@ class CTrunkSet : public CSet, public CSetKeyList {
     v("Esks", m_esks, Since{2});
     v("BaudRate", m_BaudRate, Since{3});
   }
-  PERSONA_FIELDS(CSet)
+  PERSONA_FIELDS(CElementSet)
 
  private:
   void CopySettings(const CTrunkSet& src);
