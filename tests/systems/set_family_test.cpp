@@ -119,6 +119,17 @@ TEST(SetFamily, AllElevenSetTypesRoundTripSharingOneKey) {
   EXPECT_NE(trunkBack->GetEskAt(0), trunkBack->GetEskAt(1));
   EXPECT_TRUE(*static_cast<const CConvSet*>(loaded[5].get()) ==
               *static_cast<const CConvSet*>(sets[5].get()));
+
+  // Every truncation of the stream fails with an archive fault (no crash, no leak).
+  for (std::size_t size = 0; size < bytes.size(); ++size) {
+    CArchive cut(bytes.data(), size, "cut.bin");
+    EXPECT_THROW(
+        {
+          for (const auto& set : sets) cut.ReadOwnedObject(set->GetRuntimeClass());
+        },
+        CArchiveException)
+        << size;
+  }
 }
 
 }  // namespace
