@@ -1,8 +1,21 @@
 // Serializable classes of the calls folder.
+#include "calls/icall_set.h"
+#include "calls/phone_set.h"
+#include "calls/plm_sp_call_set.h"
+#include "calls/sp_call_set.h"
 #include "core/class_registry.h"
 
 namespace persona {
 
-void RegisterCallsClasses() {}
+void RegisterCallsClasses() {
+  CRuntimeClass::Register(RUNTIME_CLASS(CPhoneCall));
+  CRuntimeClass::Register(RUNTIME_CLASS(CPhoneSet));
+  CRuntimeClass::Register(RUNTIME_CLASS(CICall));
+  CRuntimeClass::Register(RUNTIME_CLASS(CICallSet));
+  CRuntimeClass::Register(RUNTIME_CLASS(CSpCall));
+  CRuntimeClass::Register(RUNTIME_CLASS(CSpCallSet));
+  CRuntimeClass::Register(RUNTIME_CLASS(CPlmSpCall));
+  CRuntimeClass::Register(RUNTIME_CLASS(CPlmSpCallSet));
+}
 
 }  // namespace persona

@@ -2,11 +2,16 @@
 #include "core/class_registry.h"
 #include "systems/conv_system.h"
 #include "systems/esk_data.h"
+#include "systems/ext_add_group_set.h"
 #include "systems/ext_add_system.h"
+#include "systems/group_set.h"
 #include "systems/p25_conv_system.h"
+#include "systems/p25_group_set.h"
 #include "systems/p25_trk_system.h"
+#include "systems/plm_group_set.h"
 #include "systems/plm_system.h"
 #include "systems/system.h"
+#include "systems/trunk_set.h"
 #include "systems/trunk_system.h"
 
 namespace persona {
@@ -20,6 +25,16 @@ void RegisterSystemsClasses() {
   CRuntimeClass::Register(RUNTIME_CLASS(CConvSystem));
   CRuntimeClass::Register(RUNTIME_CLASS(CPlmSystem));
   CRuntimeClass::Register(RUNTIME_CLASS(CP25ConvSystem));
+  CRuntimeClass::Register(RUNTIME_CLASS(CTrunkChannel));
+  CRuntimeClass::Register(RUNTIME_CLASS(CTrunkSet));
+  CRuntimeClass::Register(RUNTIME_CLASS(CGroup));
+  CRuntimeClass::Register(RUNTIME_CLASS(CGroupSet));
+  CRuntimeClass::Register(RUNTIME_CLASS(CExtAddGroup));
+  CRuntimeClass::Register(RUNTIME_CLASS(CExtAddGroupSet));
+  CRuntimeClass::Register(RUNTIME_CLASS(CPlmGroup));
+  CRuntimeClass::Register(RUNTIME_CLASS(CPlmGroupSet));
+  CRuntimeClass::Register(RUNTIME_CLASS(CP25Group));
+  CRuntimeClass::Register(RUNTIME_CLASS(CP25GroupSet));
 }
 
 }  // namespace persona

@@ -1,0 +1,495 @@
+// Conventional channels and channel sets: the archive layout of every schema, stored bytes,
+// equality, the frequency check, copy rules, references, model defaults and report lines.
+#include "conventional/conv_set.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "support/record_testing.h"
+#include "support/test_data.h"
+#include "systems/set_testing.h"
+
+namespace persona {
+namespace {
+
+using test::ArchiveBytes;
+using test::ExpectLines;
+using test::Hex;
+
+// The channel's archive layout as the format gives it: field, width in bytes (0 for a string,
+// 8 for a double) and the schema that added it.
+struct LayoutField {
+  const char* name;
+  int width;
+  unsigned since;
+};
+const LayoutField kChannelLayout[] = {
+    {"Name", 0, 1},
+    {"TxFreq", 8, 1},
+    {"RxFreq", 8, 1},
+    {"TxCg", 0, 1},
+    {"RxCg", 0, 1},
+    {"TxAddr", 2, 1},
+    {"RxAddr", 2, 1},
+    {"CCT", 1, 1},
+    {"Scan", 1, 1},
+    {"Backlight", 1, 1},
+    {"AlertTone", 1, 1},
+    {"Power", 1, 1},
+    {"TxBusy", 1, 1},
+    {"FixPower", 1, 1},
+    {"PreAmp", 1, 1},
+    {"Ste", 1, 1},
+    {"T99", 1, 1},
+    {"T99Table", 2, 1},
+    {"Vantor", 1, 1},
+    {"VantorSte", 1, 1},
+    {"VantorCg", 1, 1},
+    {"VantorSend", 2, 1},
+    {"T99SuperGrp", 1, 1},
+    {"T99Grp", 1, 1},
+    {"T99QuickCall", 1, 1},
+    {"T99Indv", 1, 1},
+    {"Os", 1, 1},
+    {"OscShift", 2, 1},
+    {"KwKey", 2, 1},
+    {"T99WithCg", 1, 1},
+    {"BandWidth", 1, 1},
+    {"ToneEncode", 1, 1},
+    {"CtrlUnitOscShift", 1, 3},
+    {"Dtmf", 1, 3},
+    {"MultiTone", 1, 3},
+    {"MessType", 1, 3},
+    {"ICall", 1, 3},
+    {"GroupCall", 1, 3},
+    {"AllCall", 1, 3},
+    {"InterCall", 1, 3},
+    {"RadioDis", 1, 3},
+    {"RadioEn", 1, 3},
+    {"ResetCall", 1, 3},
+    {"Repeater", 1, 3},
+    {"TxInvDcg", 1, 3},
+    {"RxInvDcg", 1, 3},
+    {"TxOs", 1, 4},
+    {"SteRx", 1, 5},
+    {"SignallingOrCG", 1, 6},
+    {"T99AndRxCg", 1, 7},
+    {"TxOscShift", 1, 7},
+    {"RxOscShift", 1, 7},
+    {"UsaPower", 1, 7},
+    {"EuroPower", 1, 7},
+    {"CgBusyLockout", 1, 7},
+    {"2ndLoInj", 1, 7},
+    {"Squelch", 1, 7},
+    {"Npspac", 1, 8},
+    {"DataEnable", 1, 9},
+    {"CgSel", 1, 10},
+    {"Talkaround", 1, 10},
+};
+
+// The described fields of a record by name: numbers as integers, doubles and strings as text.
+class FieldMap : public CFieldVisitor {
+ public:
+  std::map<std::string, long long> numbers;
+  std::map<std::string, double> reals;
+  std::map<std::string, std::string> texts;
+  void Field(const FieldInfo& f, bool& v) override { numbers[f.name] = v; }
+  void Field(const FieldInfo& f, BYTE& v) override { numbers[f.name] = v; }
+  void Field(const FieldInfo& f, WORD& v) override { numbers[f.name] = v; }
+  void Field(const FieldInfo& f, short& v) override { numbers[f.name] = v; }
+  void Field(const FieldInfo& f, DWORD& v) override { numbers[f.name] = v; }
+  void Field(const FieldInfo& f, LONG& v) override { numbers[f.name] = v; }
+  void Field(const FieldInfo& f, double& v) override { reals[f.name] = v; }
+  void Field(const FieldInfo& f, CString& v) override { texts[f.name] = v.str(); }
+  void Field(const FieldInfo&, CStringArray&) override {}
+  void Field(const FieldInfo&, CWordArray&) override {}
+  void Field(const FieldInfo&, WORD*, std::size_t) override {}
+  void Field(const FieldInfo&, COwnedObList&) override {}
+  void Field(const FieldInfo&, CObList&) override {}
+};
+
+FieldMap MapOf(CObject& rec) {
+  FieldMap map;
+  rec.VisitFields(map);
+  return map;
+}
+
+// The bytes of a channel stored with schema (up to 10), in the layout above, from the values
+// of the record's fields.
+ArchiveBytes& AppendChannel(ArchiveBytes& b, CConvChannel& c, unsigned schema = 10) {
+  const FieldMap map = MapOf(c);
+  for (const LayoutField& f : kChannelLayout) {
+    if (f.since > schema) continue;
+    if (f.width == 0) b.str(map.texts.at(f.name));
+    if (f.width == 8) b.f64(map.reals.at(f.name));
+    if (f.width == 2) b.u16(static_cast<unsigned>(map.numbers.at(f.name)));
+    if (f.width == 1) b.u8(static_cast<unsigned>(map.numbers.at(f.name)));
+  }
+  return b;
+}
+
+TEST(ConvChannel, StoresEveryFieldInArchiveOrder) {
+  CConvChannel c;
+  test::FillFields(c, 4);  // a different value in every field
+  ArchiveBytes expected;
+  expected.newClass(10, "CConvChannel");
+  AppendChannel(expected, c);
+  EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&c)));
+  test::ExpectRoundTrip(c);
+}
+
+TEST(ConvChannel, LoadsEveryOlderSchemaWithLaterFieldsAtTheirDefaults) {
+  CConvChannel defaults;
+  const FieldMap initial = MapOf(defaults);
+  for (unsigned schema = 1; schema <= 10; ++schema) {
+    CConvChannel source;
+    test::FillFields(source, static_cast<int>(schema));
+    ArchiveBytes bytes;
+    bytes.newClass(schema, "CConvChannel");
+    AppendChannel(bytes, source, schema);
+    std::vector<std::unique_ptr<CObject>> pool;
+    auto loaded = test::LoadSharing<CConvChannel>(bytes, pool);
+    const FieldMap written = MapOf(source);
+    const FieldMap read = MapOf(*loaded);
+    for (const LayoutField& f : kChannelLayout) {
+      if (f.width != 1 && f.width != 2) continue;
+      const long long want =
+          f.since <= schema ? written.numbers.at(f.name) : initial.numbers.at(f.name);
+      EXPECT_EQ(want, read.numbers.at(f.name)) << f.name << " at schema " << schema;
+    }
+    EXPECT_EQ(written.texts.at("RxCg"), read.texts.at("RxCg"));
+    ArchiveBytes current;  // stored again: schema 10, every field
+    current.newClass(10, "CConvChannel");
+    EXPECT_EQ(Hex(AppendChannel(current, *loaded)), Hex(test::StoreObject(loaded.get())));
+  }
+}
+
+CConvChannel* MakeChannel(const char* name, double tx, double rx) {
+  auto* c = new CConvChannel;
+  c->SetName(name);
+  c->SetTxFreq(tx);
+  c->SetRxFreq(rx);
+  return c;
+}
+
+void FillSet(CConvSet& set) {
+  set.SetName("CITY");
+  set.SetTxMinFreq(150.0);
+  set.SetTxMaxFreq(174.0);
+  set.SetRxMinFreq(136.0);
+  set.SetRxMaxFreq(174.0);
+  set.SetHomeChan("CH1");
+  set.SetP1Chan("CH2");
+  set.SetP2Chan("CH1");
+  set.SetWideScanChan("CH3");
+  set.SetAltPttChan("CH2");
+  set.SetDtmf(1);
+  set.SetT99wcg(0);
+  set.SetT99Super(1);
+  set.SetT99Group(2);
+  set.SetT99IndvDec(3);
+  set.SetT99QuickCall(4);
+  set.SetT99ToneSet(0x0506);
+  set.SetDataCCT(600);
+  set.Add(MakeChannel("CH1", 154.25, 154.25));
+  set.Add(MakeChannel("CH2", 0.0, 155.5));
+}
+
+TEST(ConvSet, StoresTheDocumentedLayout) {
+  CConvSet set;
+  FillSet(set);
+  ArchiveBytes expected;
+  expected.newClass(4, "CConvSet").count(2).newClass(10, "CConvChannel");
+  AppendChannel(expected, *set.GetChannelAt(0));
+  expected.oldClass(3);
+  AppendChannel(expected, *set.GetChannelAt(1));
+  // clang-format off
+  expected.str("CITY").u8(1).u8(0)
+      .f64(150.0).f64(136.0).f64(174.0).f64(174.0)  // minimum pair first
+      .str("CH1").str("CH2").str("CH1").str("CH3")
+      .u8(1)                                        // Dtmf: end of schema 1
+      .u8(0).u8(1).u8(2).u8(3).u8(4).u16(0x0506)    // schema 2
+      .u16(600)                                     // schema 3: DataCCT
+      .str("CH2");                                  // schema 4: AltPttChan
+  // clang-format on
+  EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
+  test::ExpectRoundTrip(set);
+}
+
+TEST(ConvSet, LoadsOlderSchemas) {
+  auto setBytes = [](unsigned schema) {
+    ArchiveBytes b;
+    b.newClass(schema, "CConvSet").count(0).str("OLD").u8(1).u8(0);
+    b.f64(150.0).f64(136.0).f64(174.0).f64(174.0).str("H").str("P1").str("P2").str("W").u8(0);
+    if (schema >= 2) b.u8(1).u8(1).u8(1).u8(1).u8(1).u16(7);
+    if (schema >= 3) b.u16(30);
+    if (schema >= 4) b.str("ALT");
+    return b;
+  };
+  std::vector<std::unique_ptr<CObject>> pool;
+  auto s1 = test::LoadSharing<CConvSet>(setBytes(1), pool);
+  EXPECT_EQ(0, s1->GetDtmf());
+  EXPECT_EQ(0, s1->GetT99Super());
+  EXPECT_EQ(0, s1->GetT99ToneSet());
+  EXPECT_EQ(0, s1->GetDataCCT());
+  EXPECT_EQ("", s1->GetAltPttChan());
+  EXPECT_DOUBLE_EQ(136.0, s1->GetRxMinFreq());
+  EXPECT_DOUBLE_EQ(174.0, s1->GetTxMaxFreq());
+  EXPECT_EQ("W", s1->GetWideScanChan());
+  auto s2 = test::LoadSharing<CConvSet>(setBytes(2), pool);
+  EXPECT_EQ(1, s2->GetT99wcg());
+  EXPECT_EQ(7, s2->GetT99ToneSet());
+  EXPECT_EQ(0, s2->GetDataCCT());
+  auto s3 = test::LoadSharing<CConvSet>(setBytes(3), pool);
+  EXPECT_EQ(30, s3->GetDataCCT());
+  EXPECT_EQ("", s3->GetAltPttChan());
+  auto s4 = test::LoadSharing<CConvSet>(setBytes(4), pool);
+  EXPECT_EQ("ALT", s4->GetAltPttChan());
+  EXPECT_EQ(Hex(setBytes(4)), Hex(test::StoreObject(s4.get())));
+}
+
+TEST(ConvSet, EqualityRules) {
+  CConvChannel a, b;
+  a.SetTxFreq(154.250001);
+  b.SetTxFreq(154.250009);  // less than 10 Hz apart, same step
+  EXPECT_TRUE(a == b);
+  b.SetTxFreq(154.24999);  // less than 10 Hz apart, the step below
+  EXPECT_FALSE(a == b);
+  b.SetTxFreq(a.GetTxFreq());
+  a.SetName("CH1");
+  b.SetName("ch1");
+  EXPECT_FALSE(a == b);
+  b.SetName("CH1");
+  b.SetTalkaround(0);  // the last field takes part too
+  EXPECT_FALSE(a == b);
+  b.SetTalkaround(1);
+  b.SetRxCg("D023");
+  EXPECT_FALSE(a == b);
+
+  CConvSet x, y;
+  FillSet(x);
+  FillSet(y);
+  y.SetName("OTHER");
+  y.SetTxMinFreq(450.0);
+  y.SetRxMaxFreq(470.0);
+  EXPECT_TRUE(x == y);
+  y.SetAltPttChan("CH1");
+  EXPECT_FALSE(x == y);
+  y.SetAltPttChan(x.GetAltPttChan());
+  y.GetChannelAt(1)->SetScan(1);
+  EXPECT_FALSE(x == y);
+}
+
+TEST(ConvSet, CopyConstructorCarriesDtmfIntoT99wcgWhileAssignmentDoesNot) {
+  CConvSet source;
+  FillSet(source);
+  source.SetDtmf(1);
+  source.SetT99wcg(0);
+  CConvSet copy(source);
+  EXPECT_EQ(1, copy.GetT99wcg());
+  EXPECT_FALSE(copy == source);
+  EXPECT_EQ(2, copy.GetSize());
+  EXPECT_EQ("CH3", copy.GetWideScanChan());
+
+  CConvSet assigned;
+  assigned.Add(MakeChannel("GONE", 1.0, 1.0));
+  assigned = &source;
+  EXPECT_EQ(0, assigned.GetT99wcg());
+  EXPECT_TRUE(assigned == source);
+  EXPECT_EQ(-1, assigned.FindChannelIndex("GONE"));
+  EXPECT_DOUBLE_EQ(150.0, assigned.GetTxMinFreq());
+}
+
+TEST(ConvSet, LookupsAndReferences) {
+  CConvSet set;
+  EXPECT_EQ(-1, set.FindChannelIndex("CH1"));
+  FillSet(set);
+  set.Add(MakeChannel("", 0.0, 160.0));
+  EXPECT_EQ(-1, set.FindChannelIndex(""));
+  EXPECT_EQ(1, set.FindChannelIndex("CH2"));
+  EXPECT_EQ(nullptr, set.GetChannelAt(3));
+  CStringArray names;
+  set.GetNames(names);
+  ASSERT_EQ(3, names.GetSize());
+  EXPECT_EQ("CH2", names[1]);
+
+  set.DeleteSetReferencesToChan("CH1");  // both the home and the priority 2 channel
+  EXPECT_EQ("", set.GetHomeChan());
+  EXPECT_EQ("", set.GetP2Chan());
+  EXPECT_EQ("CH2", set.GetP1Chan());
+  EXPECT_EQ(3, set.GetSize());
+
+  set.DeleteAt(1);  // CH2 is the priority 1 and alternate-PTT channel
+  EXPECT_EQ("", set.GetP1Chan());
+  EXPECT_EQ("", set.GetAltPttChan());
+  EXPECT_EQ("CH3", set.GetWideScanChan());
+  EXPECT_EQ(2, set.GetSize());
+}
+
+TEST(ConvSet, FrequencyCheckEdges) {
+  auto check = [](double tx, double rx, double first) {
+    CConvSet set;
+    set.Add(MakeChannel("C", tx, rx));
+    return set.CheckFrequencyRange(first, -1.0, 851.0, 870.0);
+  };
+  // Above 800 MHz: tolerance on the transmit upper test, none on the receive upper test.
+  EXPECT_EQ(1, check(870.0000005, 860.0, 806.0));
+  EXPECT_EQ(0, check(820.0, 870.0000005, 806.0));
+  EXPECT_EQ(1, check(820.0, 870.0, 806.0));
+  EXPECT_EQ(0, check(820.0, 850.0, 806.0));
+  EXPECT_EQ(1, check(0.0, 860.0, 806.0));
+  EXPECT_EQ(0, check(805.0, 860.0, 806.0));
+  // At 800 MHz and below: no receive lower test, tolerance on the receive upper test.
+  EXPECT_EQ(1, check(820.0, 850.0, 800.0));
+  EXPECT_EQ(1, check(900.0, 870.0000005, 800.0));
+  EXPECT_EQ(0, check(820.0, 870.00001, 800.0));
+  EXPECT_EQ(0, check(799.0, 850.0, 800.0));
+  EXPECT_EQ(1, CConvSet().CheckFrequencyRange(806.0, 0.0, 851.0, 870.0));
+}
+
+TEST(ConvSet, ModelDefaults) {
+  struct Case {
+    unsigned short type;
+    int reduced, power, table, osc, backlight, alert;
+  };
+  for (const Case& c :
+       {Case{29, 0, 1, 1, 2, 1, 1}, Case{104, 0, 1, 0, 3, 1, 1}, Case{104, 1, 0, 0, 0, 0, 0},
+        Case{54, 1, 0, 0, 2, 0, 0}, Case{33, 1, 0, 1, 2, 0, 1}}) {
+    const CConvChannel ch(c.type, c.reduced);
+    const std::vector<int> got = {ch.GetPower(), ch.GetT99Table(), ch.GetOscShift(),
+                                  ch.GetBacklight(), ch.GetAlertTone()};
+    EXPECT_EQ((std::vector<int>{c.power, c.table, c.osc, c.backlight, c.alert}), got) << c.type;
+  }
+  EXPECT_EQ(85, CConvChannel().GetTxAddr());
+  EXPECT_EQ(1, CConvSet().GetDtmf());
+  EXPECT_EQ(0, CConvSet(4150, 1).GetDtmf());
+  EXPECT_EQ(1, CConvSet(4150, 0).GetDtmf());
+  EXPECT_EQ(1, CConvSet(68, 1).GetDtmf());
+}
+
+CConvChannel* ReportChannel() {
+  CConvChannel* c = MakeChannel("CH1", 154.25, 155.0125);
+  c->SetTxCg("67.0");
+  c->SetRxCg("D023");
+  c->SetKwKey(8);
+  c->SetPower(2);
+  c->SetOscShift(3);
+  c->SetTxAddr(12);
+  c->SetRxAddr(345);
+  c->SetVantorCg(1);
+  c->SetVantorSend(3);
+  c->SetVantorSte(1);
+  c->SetScan(1);
+  c->SetOs(1);
+  c->SetToneEncode(1);
+  c->SetT99(1);
+  c->SetT99Table(2);
+  c->SetT99SuperGrp(1);
+  c->SetT99Indv(1);
+  c->SetNpspac(1);
+  c->SetDataEnable(1);
+  c->SetCtrlUnitOscShift(4);
+  c->SetAllCall(1);
+  c->SetMultiTone(1);
+  c->SetMessType(8);
+  c->SetICall(2);
+  c->SetRepeater(1);
+  c->SetRxInvDcg(1);
+  c->SetDtmf(1);
+  c->SetTxOs(1);
+  c->SetTxOscShift(5);
+  c->SetRxOscShift(6);
+  c->SetUsaPower(1);
+  c->SetEuroPower(25);
+  c->SetCgBusyLockout(1);
+  c->Set2ndLoInj(1);
+  return c;
+}
+
+TEST(ConvSet, ReportLinesOfTheLumoModel) {
+  CConvSet set;
+  set.SetName("CITY");
+  set.SetHomeChan("CH1");
+  set.SetWideScanChan("SCAN");
+  set.SetP1Chan("P1");
+  set.SetAltPttChan("ALT");
+  set.SetDataCCT(600);
+  set.Add(ReportChannel());
+  CStringArray out;
+  set.printToBuffer(out, 2, 30, 150.0);
+  ExpectLines(
+      {
+          "   2   - CITY        ",
+          "                  Home Channel      - CH1          Wide Scan Chan  - SCAN        ",
+          "                  Priority 1 Chan   - P1           Priority 2 Chan -             ",
+          "                  Alternate PTT Chan- ALT          DTMF              - On ",
+          "                  Data CCT          - 600   ",
+          "",
+          "            Ch  1 CH1         ",
+          "                  Tx Frequency      - 154.2500     Tx Chan Guard   - 67.0 ",
+          "                  Rx Frequency      - 155.0125     Rx Chan Guard   - D023 ",
+          "                  Band Width        - Wide         Voice Mode      - Unencrypted",
+          "                  Power             - Auto         Osc Shift       - 3",
+          "                  Tx Address        - 12           Rx Address      - 345",
+          "                  Vantor CG         - On           Vantor Send     - Both ",
+          "                  Vantor            - Off          Vantor STE      - On ",
+          "                  CCT               - Off          Scan            - On ",
+          "                  Backlight         - On           Preamp          - Off",
+          "                  STE               - Off          OS              - On ",
+          "                  Alert Tone        - On           Tx Busy         - Off",
+          "                  Fix Power         - Off          Tone Encode     - On ",
+          "                  Type 99 Decode    - On           Type 99 Table   - 2  ",
+          "                  T99 Group         - Off          T99 Super Group - On ",
+          "                  T99 Quick Call    - Off          T99 Individual  - On ",
+          "                  T99 and Rx Cg     - On           NPSPAC          - On ",
+          "                  Data              - On ",
+          "                  LUMO Channel Options",
+          "                  CU Osc Shift      - 4            All Call Enable - On ",
+          "                  DTMF              - On           Interrogate     - Off",
+          "                  Multitone         - On       Allow Radio Disable - Off",
+          "                  Mult Message Type - EIA      Allow Radio Enable  - Off",
+          "                  Allow Reset       - Off      Ind Call Type/Ack   - Enable w/Ack",
+          "                  Group Call        - Off          Allow Repeater  - On ",
+          "                  Invert Rx CG      - On ",
+          "",
+          "",
+      },
+      out);
+}
+
+TEST(ConvSet, ReportModelBlocksAndBandWidth) {
+  CConvSet set;
+  set.Add(ReportChannel());
+  CStringArray out;
+  set.printToBuffer(out, 1, 29, 890.0);
+  ASSERT_EQ(27, out.GetSize());
+  EXPECT_EQ("                  Band Width        - Wide         Voice Mode      - Unencrypted",
+            out[9].str());
+  EXPECT_EQ("                  DTMF              - On           Tx Osc          - On ",
+            out[24].str());
+
+  out.RemoveAll();
+  set.printToBuffer(out, 1, 27, 890.0001);
+  ASSERT_EQ(30, out.GetSize());
+  EXPECT_EQ("                  Band Width        - Narrow       Voice Mode      - Unencrypted",
+            out[9].str());
+  ExpectLines(
+      {
+          "          Coyle 300 Channel Options",
+          "                  Tx Osc Shift      - 5               Rx Osc Shift - 6",
+          "        300M USA/Canadian RF Power  - 30          300M Euro RF Power - 25",
+          "              CG Busy Lockout       - High         2nd l.o. Injection - Distant",
+          "",
+          "",
+      },
+      out, 24, false);
+
+  out.RemoveAll();
+  set.printToBuffer(out, 1, 68, 150.0);
+  EXPECT_EQ(26, out.GetSize());  // no model block
+  EXPECT_EQ("                  Data              - On ", out[23].str());
+}
+
+}  // namespace
+}  // namespace persona

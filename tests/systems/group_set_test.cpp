@@ -1,0 +1,340 @@
+// Talk groups and group sets of trunked, extended-addressing and messaging systems: stored
+// bytes, old schemas, lookups, reference clearing, the conversion to an extended-addressing
+// set, equality and report lines.
+#include "systems/group_set.h"
+
+#include <gtest/gtest.h>
+
+#include "support/record_testing.h"
+#include "support/test_data.h"
+#include "systems/ext_add_group_set.h"
+#include "systems/plm_group_set.h"
+#include "systems/set_testing.h"
+
+namespace persona {
+namespace {
+
+using test::ArchiveBytes;
+using test::ExpectLines;
+using test::Hex;
+
+template <class G>
+G* MakeGroup(const char* name, WORD id) {
+  auto* g = new G;
+  g->SetName(name);
+  g->SetGrpId(id);
+  return g;
+}
+
+TEST(GroupSet, StoresTheDocumentedLayout) {
+  CEskData key;
+  key.SetEskId("K");
+  key.SetEsk(-2);
+  CGroupSet set;
+  set.SetName("FIRE");
+  set.SetHomeGrp("DISP");
+  set.SetPriority1Grp("TAC1");
+  set.SetPriority2Grp("TAC2");
+  set.SetPriorityTalkGrp("CMD");
+  set.AddEsk(&key);
+  CGroup* g = MakeGroup<CGroup>("DISP", 0x0304);
+  g->SetTx(0);
+  g->SetWideArea(1);
+  g->SetScan(1);
+  g->SetKwKey(8);
+  g->SetCallTime(2);
+  set.Add(g);
+  auto* ea = MakeGroup<CExtAddGroup>("WIDE", 5);
+  ea->SetEaGrpId(0x01020304);
+  ea->SetKeyBank(3);
+  set.Add(ea);
+
+  // clang-format off
+  const auto expected = ArchiveBytes()
+      .newClass(3, "CGroupSet")
+      .count(2)
+      .newClass(1, "CGroup").str("DISP").u16(0x0304)
+      .u8(0).u8(1).u8(1).u8(1).u8(1).u8(1).u8(1)            // Tx, Rx, Calls, Alert, WideArea,
+                                                           // Scan, Backlight
+      .u16(8).u16(2)                                       // KwKey, CallTime
+      .newClass(1, "CExtAddGroup").str("WIDE").u16(5)
+      .u8(1).u8(1).u8(1).u8(1).u8(0).u8(0).u8(1).u16(0).u16(0)
+      .u32(0x01020304).u16(3)                              // EaGrpId, KeyBank
+      .str("FIRE").u8(2).u8(0)                             // name, set type, scope
+      .str("DISP").str("TAC1").str("TAC2")                 // home and priority groups
+      .str("CMD")                                          // schema 2: priority talk group
+      .count(1)                                            // schema 3: the key list
+      .newClass(1, "CEskData").str("K").u32(0xFFFFFFFE)
+      .bytes();
+  // clang-format on
+  EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
+  test::ExpectRoundTrip(set);
+}
+
+TEST(GroupSet, LoadsOlderSchemas) {
+  auto setBytes = [](unsigned schema) {
+    ArchiveBytes b;
+    b.newClass(schema, "CGroupSet").count(1).newClass(1, "CGroup").str("A").u16(7);
+    b.u8(1).u8(0).u8(1).u8(0).u8(1).u8(0).u8(1).u16(3).u16(1);
+    b.str("S").u8(2).u8(1).str("A").str("").str("B");
+    if (schema >= 2) b.str("TALK");
+    if (schema >= 3) b.count(1).newClass(1, "CEskData").str("K").u32(9);
+    return b;
+  };
+  std::vector<std::unique_ptr<CObject>> pool;
+  auto s1 = test::LoadSharing<CGroupSet>(setBytes(1), pool);
+  EXPECT_EQ("", s1->GetPriorityTalkGrp());
+  EXPECT_EQ(0, s1->GetNumEsks());
+  EXPECT_EQ("B", s1->GetPriority2Grp());
+  EXPECT_EQ(3, s1->GetGroupAt(0)->GetKwKey());
+  auto s2 = test::LoadSharing<CGroupSet>(setBytes(2), pool);
+  EXPECT_EQ("TALK", s2->GetPriorityTalkGrp());
+  EXPECT_EQ(0, s2->GetNumEsks());
+  auto s3 = test::LoadSharing<CGroupSet>(setBytes(3), pool);
+  ASSERT_EQ(1, s3->GetNumEsks());
+  EXPECT_EQ(9, s3->GetEskAt(0)->GetEsk());
+  EXPECT_EQ(1u, pool.size());
+  // Stored again, a schema-1 set writes the current layout with the later fields empty.
+  ArchiveBytes current;
+  current.newClass(3, "CGroupSet").count(1).newClass(1, "CGroup").str("A").u16(7);
+  current.u8(1).u8(0).u8(1).u8(0).u8(1).u8(0).u8(1).u16(3).u16(1);
+  current.str("S").u8(2).u8(1).str("A").str("").str("B").str("").count(0);
+  EXPECT_EQ(Hex(current), Hex(test::StoreObject(s1.get())));
+
+  // An extended-addressing set carries the same layout under its own class.
+  ArchiveBytes ea;
+  ea.newClass(1, "CExtAddGroupSet").count(1).newClass(1, "CExtAddGroup").str("E").u16(7);
+  ea.u8(1).u8(1).u8(1).u8(1).u8(0).u8(0).u8(1).u16(0).u16(0).u32(70000).u16(2);
+  ea.str("EA").u8(10).u8(0).str("").str("").str("");
+  auto eaSet = test::LoadSharing<CExtAddGroupSet>(ea, pool);
+  EXPECT_EQ(70000u, eaSet->GetGroupAt(0)->GetEaGrpId());
+  EXPECT_EQ(2, eaSet->GetGroupAt(0)->GetKeyBank());
+  EXPECT_EQ("", eaSet->GetPriorityTalkGrp());
+}
+
+TEST(GroupSet, Lookups) {
+  CGroupSet set;
+  EXPECT_EQ(nullptr, set.GetGroup(1));
+  EXPECT_EQ(-1, set.FindGroupIndex("A"));
+  set.Add(MakeGroup<CGroup>("", 0));
+  set.Add(MakeGroup<CGroup>("A", 300));
+  set.Add(MakeGroup<CGroup>("B", 300));
+  EXPECT_EQ(nullptr, set.GetGroup(0));  // even though the first group has ID 0
+  EXPECT_EQ("A", set.GetGroup(300)->GetName());
+  EXPECT_EQ(nullptr, set.GetGroup(300 + 65536));
+  EXPECT_EQ(-1, set.FindGroupIndex(""));
+  EXPECT_EQ(2, set.FindGroupIndex("B"));
+  EXPECT_EQ(-1, set.FindGroupIndex("b"));
+  EXPECT_EQ(nullptr, set.GetGroupAt(3));
+  CStringArray names;
+  names.Add("stale");
+  set.GetNames(names);
+  ASSERT_EQ(3, names.GetSize());
+  EXPECT_EQ("B", names[2]);
+
+  CExtAddGroupSet ea;
+  auto* big = MakeGroup<CExtAddGroup>("BIG", 1);
+  big->SetEaGrpId(100000);
+  ea.Add(big);
+  EXPECT_EQ(big, ea.GetGroup(100000));
+  EXPECT_EQ(nullptr, ea.GetGroup(1));
+
+  CPlmGroupSet plm;
+  auto* unnamed = new CPlmGroup;
+  plm.Add(unnamed);
+  EXPECT_EQ(0, plm.FindGroupIndex(""));
+  EXPECT_EQ(unnamed, plm.GetGroupAt(0));
+}
+
+TEST(GroupSet, DeletingAGroupClearsTheNamesThatReferToIt) {
+  CGroupSet set;
+  set.Add(MakeGroup<CGroup>("A", 1));
+  set.Add(MakeGroup<CGroup>("B", 2));
+  set.SetHomeGrp("A");
+  set.SetPriority1Grp("B");
+  set.SetPriority2Grp("A");
+  set.SetPriorityTalkGrp("A");
+  set.DeleteAt(0);
+  EXPECT_EQ("", set.GetHomeGrp());
+  EXPECT_EQ("B", set.GetPriority1Grp());
+  EXPECT_EQ("", set.GetPriority2Grp());
+  EXPECT_EQ("", set.GetPriorityTalkGrp());
+  set.DeleteSetReferencesToGroup("");
+  EXPECT_EQ("B", set.GetPriority1Grp());
+
+  CGroupSet otherType(PlmGroupSetType);  // a type that keeps its references
+  otherType.Add(MakeGroup<CGroup>("A", 1));
+  otherType.SetHomeGrp("A");
+  otherType.DeleteAt(0);
+  EXPECT_EQ("A", otherType.GetHomeGrp());
+  EXPECT_EQ(0, otherType.GetSize());
+}
+
+TEST(GroupSet, KorvexConversionAndCopyRules) {
+  CEskData key, eaKey;
+  CGroupSet src(ICallSetType);
+  src.SetName("TRK");
+  src.SetScope(1);
+  src.SetHomeGrp("H");
+  src.SetPriorityTalkGrp("T");
+  src.AddEsk(&key);
+  CGroup* g = MakeGroup<CGroup>("H", 300);
+  g->SetCallTime(3);
+  src.Add(g);
+
+  CExtAddGroupSet ea;
+  ea.Add(new CExtAddGroup);
+  ea.AddEsk(&eaKey);
+  ea.copyKorvexGrpSet(&src);
+  EXPECT_EQ("TRK", ea.GetName());
+  EXPECT_EQ(EaGroupSetType, ea.GetSetType());
+  EXPECT_EQ(0, ea.GetScope());
+  ASSERT_EQ(1, ea.GetSize());
+  EXPECT_EQ(300u, ea.GetGroupAt(0)->GetEaGrpId());
+  EXPECT_EQ(300, ea.GetGroupAt(0)->GetGrpId());
+  EXPECT_EQ(3, ea.GetGroupAt(0)->GetCallTime());
+  EXPECT_EQ(0, ea.GetGroupAt(0)->GetKeyBank());
+  EXPECT_EQ("T", ea.GetPriorityTalkGrp());
+  ASSERT_EQ(1, ea.GetNumEsks());
+  EXPECT_EQ(&eaKey, ea.GetEskAt(0));
+
+  CGroupSet copy(src);
+  EXPECT_EQ(&key, copy.GetEskAt(0));
+  EXPECT_EQ(ICallSetType, copy.GetSetType());
+  EXPECT_EQ("T", copy.GetPriorityTalkGrp());
+  CGroupSet assigned;
+  assigned.Add(MakeGroup<CGroup>("OLD", 1));
+  assigned = &src;
+  EXPECT_EQ(0, assigned.GetNumEsks());
+  EXPECT_EQ(1, assigned.GetSize());
+  EXPECT_EQ(1, assigned.GetScope());
+  EXPECT_TRUE(assigned == src);
+}
+
+TEST(GroupSet, EqualityRules) {
+  CGroup a, b;
+  a.SetName("X");
+  b.SetName("x");
+  EXPECT_FALSE(a == b);
+  b.SetName("X");
+  EXPECT_TRUE(a == b);
+  b.SetCallTime(1);
+  EXPECT_FALSE(a == b);
+
+  CGroupSet s, t;
+  s.Add(MakeGroup<CGroup>("A", 1));
+  t.Add(MakeGroup<CGroup>("A", 1));
+  t.SetName("ELSEWHERE");
+  t.SetPriorityTalkGrp("A");
+  EXPECT_TRUE(s == t);
+  t.SetHomeGrp("A");
+  EXPECT_FALSE(s == t);
+
+  CExtAddGroupSet e, f;
+  e.Add(MakeGroup<CExtAddGroup>("A", 1));
+  f.Add(MakeGroup<CExtAddGroup>("A", 1));
+  EXPECT_TRUE(e == f);
+  f.GetGroupAt(0)->SetKeyBank(1);
+  EXPECT_FALSE(e == f);
+
+  CPlmGroupSet p, q;
+  auto* pg = new CPlmGroup;
+  pg->SetTone(3, 12);
+  p.Add(pg);
+  q.Add(new CPlmGroup);
+  EXPECT_FALSE(p == q);
+  q.GetGroupAt(0)->SetTone(3, 12);
+  q.SetName("OTHER");
+  EXPECT_TRUE(p == q);
+}
+
+TEST(GroupSet, ModelDefaults) {
+  auto switches = [](const CGroup& g) {
+    return std::vector<int>{g.GetTx(), g.GetRx(), g.GetCalls(), g.GetAlert(), g.GetBacklight()};
+  };
+  EXPECT_EQ((std::vector<int>{0, 1, 0, 1, 1}), switches(CGroup(43, 1, GroupSetType)));
+  EXPECT_EQ((std::vector<int>{0, 1, 0, 0, 0}), switches(CGroup(68, 1)));
+  EXPECT_EQ((std::vector<int>{1, 1, 1, 1, 1}), switches(CGroup(68, 0)));
+  EXPECT_EQ(EaGroupSetType, CExtAddGroupSet().GetSetType());
+  EXPECT_EQ(PlmGroupSetType, CPlmGroupSet(68, 1).GetSetType());
+  EXPECT_EQ(GroupSetType, CGroupSet().GetSetType());
+}
+
+TEST(GroupSet, ReportLines) {
+  CGroupSet set;
+  set.SetHomeGrp("DISP");
+  set.SetPriority1Grp("TAC1");
+  set.SetPriorityTalkGrp("CMD");
+  CGroup* g = MakeGroup<CGroup>("DISP", 1201);
+  g->SetKwKey(8);
+  g->SetCallTime(2);
+  g->SetScan(1);
+  g->SetAlert(0);
+  set.Add(g);
+  CStringArray out;
+  set.printToBuffer(out, 7);
+  ExpectLines(
+      {"                  Emer/Home Group   - DISP    ",
+       "                  Priority 1 Group  - TAC1    ",
+       "                  Priority 2 Group  -         ",
+       "               Priority Talk Group  - CMD     ", "", "            Group 1   DISP        ",
+       "                  Group ID          - 1201        Calls           - On ",
+       "                  Voice Mode        - Unencrypted      Alert Tones     - Off",
+       "                  Call Time         - 10          Wide Area       - Off",
+       "                  Transmit          - On          Scan            - On ",
+       "                  Receive           - On          Backlight       - On ", ""},
+      out);
+
+  CExtAddGroupSet ea;
+  auto* e = MakeGroup<CExtAddGroup>("WIDE", 5);
+  e->SetEaGrpId(123456);
+  e->SetKeyBank(4);
+  e->SetKwKey(3);
+  ea.Add(e);
+  out.RemoveAll();
+  ea.printToBuffer(out, 0);
+  ASSERT_EQ(13, out.GetSize());
+  EXPECT_EQ("                  Group ID          - 123456       Calls           - On ",
+            out[6].str());
+  EXPECT_EQ("                  Voice Mode        - Key 3       Alert Tones     - On ",
+            out[7].str());
+  EXPECT_EQ("                  Key Bank          - 4  ", out[11].str());
+  EXPECT_EQ("", out[12].str());
+}
+
+TEST(PlmGroupSet, StoresAndPrints) {
+  CPlmGroupSet set;
+  set.SetName("PAGE");
+  auto* g = new CPlmGroup;
+  g->SetName("ALL");
+  for (int i = 0; i < 4; ++i) g->SetTone(i, static_cast<WORD>(10 + i));
+  g->SetFastBusy(1);
+  g->SetRxDis(1);
+  set.Add(g);
+  EXPECT_EQ(0, g->GetTone(4));
+  g->SetTone(-1, 99);  // outside 0 to 3: ignored
+
+  // clang-format off
+  const auto expected = ArchiveBytes()
+      .newClass(1, "CPlmGroupSet")
+      .count(1)
+      .newClass(1, "CPlmGroup").str("ALL").u16(10).u16(11).u16(12).u16(13)
+      .u8(1).u8(0).u8(0).u8(1).u8(0)  // FastBusy, ExtAlarm, TxDis, RxDis, Backlight
+      .str("PAGE").u8(6).u8(0)
+      .bytes();
+  // clang-format on
+  EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
+
+  CStringArray out;
+  set.printToBuffer(out, 3);
+  ExpectLines({"   3   - PAGE        ", "", "            Group 1   ALL         ",
+               "                  Tone 1            - 10           Fast Busy       - On ",
+               "                  Tone 2            - 11           External Alarm  - Off",
+               "                  Tone 3            - 12           Tx Disable      - Off",
+               "                  Tone 4            - 13           Rx Disable      - On ",
+               "                                                   Backlight       - Off", "", ""},
+              out);
+}
+
+}  // namespace
+}  // namespace persona

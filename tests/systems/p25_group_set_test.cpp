@@ -1,0 +1,161 @@
+// P25 talk groups and group sets: stored bytes, every older schema, lookups, equality,
+// reference clearing and report lines.
+#include "systems/p25_group_set.h"
+
+#include <gtest/gtest.h>
+
+#include "support/record_testing.h"
+#include "support/test_data.h"
+#include "systems/set_testing.h"
+
+namespace persona {
+namespace {
+
+using test::ArchiveBytes;
+using test::Hex;
+
+CP25Group* MakeGroup(const char* name, DWORD id) {
+  auto* g = new CP25Group;
+  g->SetName(name);
+  g->SetGrpId(id);
+  return g;
+}
+
+TEST(P25GroupSet, StoresTheDocumentedLayout) {
+  CP25GroupSet set;
+  set.SetName("P25");
+  set.SetHomeGrp("OPS");
+  set.SetPriority2Grp("EMS");
+  CP25Group* g = MakeGroup("OPS", 0x00012345);
+  g->SetEncryptMode(3);
+  g->SetEncrypt(1);
+  g->SetEncType(1);
+  g->SetKeyId(0x0A0B);
+  g->SetSuppress(1);
+  g->SetSf(1);
+  g->SetCalls(0);
+  g->SetScan(1);
+  set.Add(g);
+  // clang-format off
+  const auto expected = ArchiveBytes()
+      .newClass(4, "CP25GroupSet")
+      .count(1)
+      .newClass(4, "CP25Group").str("OPS").u32(0x00012345).u8(3)
+      .u8(1).u8(1).u32(0x0A0B).u8(1)        // schema 2: Encrypt, EncType, KeyId, Suppress
+      .u8(1)                                // schema 3: Sf
+      .u8(1).u8(1).u8(0).u8(1).u8(1).u8(1)  // schema 4: Tx, Rx, Calls, Alert, Scan, Backlight
+      .str("P25").u8(9).u8(0)
+      .str("OPS").str("").str("EMS")
+      .bytes();
+  // clang-format on
+  EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
+  test::ExpectRoundTrip(set);
+}
+
+TEST(P25GroupSet, LoadsEveryOlderSchemaOfItsGroups) {
+  auto setWith = [](unsigned schema) {
+    ArchiveBytes b;
+    b.newClass(1, "CP25GroupSet").count(1).newClass(schema, "CP25Group");
+    b.str("G").u32(77).u8(5);
+    if (schema >= 2) b.u8(1).u8(1).u32(99).u8(1);
+    if (schema >= 3) b.u8(1);
+    if (schema >= 4) b.u8(0).u8(0).u8(0).u8(0).u8(1).u8(0);
+    b.str("S").u8(9).u8(0).str("G").str("").str("");
+    return b;
+  };
+  std::vector<std::unique_ptr<CObject>> pool;  // stays empty: P25 sets have no keys
+  auto s1 = test::LoadSharing<CP25GroupSet>(setWith(1), pool);
+  const CP25Group* g1 = s1->GetGroupAt(0);
+  EXPECT_EQ(77u, g1->GetGrpId());
+  EXPECT_EQ(5, g1->GetEncryptMode());
+  EXPECT_EQ(0, g1->GetEncrypt());
+  EXPECT_EQ(0u, g1->GetKeyId());
+  EXPECT_EQ(1, g1->GetTx());
+  EXPECT_EQ(1, g1->GetBacklight());
+  EXPECT_EQ(0, g1->GetScan());
+  EXPECT_EQ("G", s1->GetHomeGrp());
+
+  auto s2 = test::LoadSharing<CP25GroupSet>(setWith(2), pool);
+  const CP25Group* g2 = s2->GetGroupAt(0);
+  EXPECT_EQ(1, g2->GetEncrypt());
+  EXPECT_EQ(1, g2->GetEncType());
+  EXPECT_EQ(99u, g2->GetKeyId());
+  EXPECT_EQ(1, g2->GetSuppress());
+  EXPECT_EQ(0, g2->GetSf());
+  EXPECT_EQ(1, g2->GetCalls());
+
+  auto s3 = test::LoadSharing<CP25GroupSet>(setWith(3), pool);
+  EXPECT_EQ(1, s3->GetGroupAt(0)->GetSf());
+  EXPECT_EQ(1, s3->GetGroupAt(0)->GetAlert());
+
+  auto s4 = test::LoadSharing<CP25GroupSet>(setWith(4), pool);
+  const CP25Group* g4 = s4->GetGroupAt(0);
+  EXPECT_EQ(0, g4->GetTx());
+  EXPECT_EQ(0, g4->GetAlert());
+  EXPECT_EQ(1, g4->GetScan());
+  EXPECT_EQ(0, g4->GetBacklight());
+}
+
+TEST(P25GroupSet, LookupsEqualityAndReferences) {
+  CP25GroupSet set;
+  set.Add(MakeGroup("ZERO", 0));
+  set.Add(MakeGroup("WIDE", 16777215));
+  EXPECT_EQ(nullptr, set.GetGroup(0));
+  EXPECT_EQ("WIDE", set.GetGroup(16777215)->GetName());
+  EXPECT_EQ(-1, set.FindGroupIndex(""));
+  EXPECT_EQ(1, set.FindGroupIndex("WIDE"));
+  EXPECT_EQ(nullptr, set.GetGroupAt(2));
+
+  CP25GroupSet other(set);
+  other.SetName("DIFFERENT");
+  EXPECT_TRUE(set == other);
+  other.GetGroupAt(1)->SetSf(1);  // printed nowhere, but part of equality
+  EXPECT_FALSE(set == other);
+  other = set;
+  EXPECT_TRUE(set == other);
+  EXPECT_EQ(2, other.GetSize());
+  other.SetPriority1Grp("WIDE");
+  EXPECT_FALSE(set == other);
+
+  other.SetHomeGrp("WIDE");
+  other.DeleteAt(1);
+  EXPECT_EQ("", other.GetHomeGrp());
+  EXPECT_EQ("", other.GetPriority1Grp());
+  EXPECT_EQ(1, other.GetSize());
+}
+
+TEST(P25GroupSet, ReportLines) {
+  CP25GroupSet set;
+  set.SetHomeGrp("OPS");
+  set.SetPriority1Grp("FIRE");
+  CP25Group* g = MakeGroup("OPS", 70001);
+  g->SetEncrypt(1);
+  g->SetEncType(1);
+  g->SetKeyId(513);
+  set.Add(g);
+  CP25Group* plain = MakeGroup("PLAIN", 12);
+  plain->SetSuppress(1);
+  set.Add(plain);
+  CStringArray out;
+  set.printToBuffer(out, 0);
+  const std::vector<std::string> expected = {
+      "                  Emer/Home Group   - OPS     ",
+      "                  Priority 1 Group  - FIRE    ",
+      "                  Priority 2 Group  -         ",
+      "",
+      "            Group 1   OPS         ",
+      "                  Group ID          - 70001",
+      "                  Encrypted         - On          Type              - Voice & Data",
+      "                  Key ID            - 513         Suppress Key      - Off   ",
+      "",
+      "            Group 2   PLAIN       ",
+      "                  Group ID          - 12   ",
+      "                  Encrypted         - Off         Type              - Voice Only",
+      "                  Key ID            - 0           Suppress Key      - On    ",
+      "",
+  };
+  test::ExpectLines(expected, out);
+}
+
+}  // namespace
+}  // namespace persona

@@ -1,0 +1,321 @@
+// Trunk channels and trunk sets: stored bytes, old schemas, shared keys, equality, frequency
+// check, copy rules, model defaults and report lines.
+#include "systems/trunk_set.h"
+
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+#include "support/record_testing.h"
+#include "support/test_data.h"
+#include "systems/esk_data.h"
+#include "systems/group_set.h"
+#include "systems/set_testing.h"
+
+namespace persona {
+namespace {
+
+using test::ArchiveBytes;
+using test::Hex;
+
+CTrunkChannel* MakeChannel(double tx, double rx, WORD osc, BYTE osOpt, WORD type, BYTE npspac) {
+  auto* ch = new CTrunkChannel;
+  ch->SetTxFreq(tx);
+  ch->SetRxFreq(rx);
+  ch->SetOscShift(osc);
+  ch->SetOsOpt(osOpt);
+  ch->SetType(type);
+  ch->SetNpspac(npspac);
+  return ch;
+}
+
+// A site with distinctive values in every field.
+void FillSite(CTrunkSet& set) {
+  set.SetName("SITE1");
+  set.SetTxMinFreq(806.0);
+  set.SetTxMaxFreq(825.0);
+  set.SetRxMinFreq(851.0);
+  set.SetRxMaxFreq(870.0);
+  set.SetPower(1);
+  set.SetSiteId(0x0102);
+  set.SetCCLimit(10);
+  set.SetMaxChan(20);
+  set.SetBaudRate(0);
+  set.SetBandWidth(1);
+  set.SetPreAmp(1);
+  set.SetUnkeyMess(1);
+}
+
+TEST(TrunkSet, StoresTheDocumentedLayout) {
+  CEskData key;
+  key.SetEskId("K1");
+  key.SetEsk(7);
+  CTrunkSet set;
+  FillSite(set);
+  CTrunkChannel* ch = MakeChannel(851.0125, 806.0125, 3, 1, 2, 1);
+  ch->Set4800Baud(1);
+  set.Add(ch);
+  set.AddEsk(&key);
+
+  // clang-format off
+  const auto expected = ArchiveBytes()
+      .newClass(3, "CTrunkSet")
+      .count(1)                                        // the channel list
+      .newClass(3, "CTrunkChannel")
+      .f64(851.0125).f64(806.0125).u16(3).u8(1).u16(2)  // frequencies, OscShift, OsOpt, Type
+      .u8(1).u8(1)                                     // 4800Baud, Npspac
+      .str("SITE1").u8(0).u8(0)                        // name, set type, scope
+      .f64(806.0).f64(825.0).f64(851.0).f64(870.0)     // TxMin, TxMax, RxMin, RxMax
+      .u8(1).u16(0x0102).u16(10).u16(20)               // Power, SiteId, CCLimit, MaxChan
+      .u8(1).u8(1).u8(1)                               // BandWidth, PreAmp, UnkeyMess
+      .count(1)                                        // the key list
+      .newClass(1, "CEskData").str("K1").u32(7)
+      .u8(0)                                           // BaudRate, last
+      .bytes();
+  // clang-format on
+  EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
+  test::ExpectRoundTrip(set);
+}
+
+TEST(TrunkSet, LoadsOlderSchemasWithLaterFieldsAtTheirDefaults) {
+  // Schema 1: channels without 4800Baud and Npspac, no key list, no baud rate; a band width
+  // of 5 is repaired to 0.
+  // clang-format off
+  const auto schema1 = ArchiveBytes()
+      .newClass(1, "CTrunkSet")
+      .count(1)
+      .newClass(1, "CTrunkChannel").f64(851.5).f64(806.5).u16(1).u8(1).u16(1)
+      .str("OLD").u8(0).u8(0)
+      .f64(806.0).f64(825.0).f64(851.0).f64(870.0)
+      .u8(1).u16(9).u16(15).u16(28)
+      .u8(5).u8(1).u8(0);
+  // clang-format on
+  std::vector<std::unique_ptr<CObject>> pool;
+  auto set = test::LoadSharing<CTrunkSet>(schema1, pool);
+  EXPECT_EQ("OLD", set->GetName());
+  EXPECT_EQ(0xFF, set->GetBaudRate());
+  EXPECT_EQ(0, set->GetBandWidth());
+  EXPECT_EQ(0, set->GetNumEsks());
+  EXPECT_EQ(28, set->GetMaxChan());
+  ASSERT_NE(nullptr, set->GetChannelAt(0));
+  EXPECT_EQ(0, set->GetChannelAt(0)->Get4800Baud());
+  EXPECT_EQ(0, set->GetChannelAt(0)->GetNpspac());
+  EXPECT_DOUBLE_EQ(806.5, set->GetChannelAt(0)->GetRxFreq());
+  EXPECT_TRUE(pool.empty());
+
+  // Schema 2: channels with 4800Baud, a key list, still no baud rate.
+  // clang-format off
+  const auto schema2 = ArchiveBytes()
+      .newClass(2, "CTrunkSet")
+      .count(1)
+      .newClass(2, "CTrunkChannel").f64(851.5).f64(806.5).u16(1).u8(1).u16(1).u8(1)
+      .str("MID").u8(0).u8(1)
+      .f64(806.0).f64(825.0).f64(851.0).f64(870.0)
+      .u8(1).u16(9).u16(15).u16(28)
+      .u8(1).u8(1).u8(0)
+      .count(1)
+      .newClass(1, "CEskData").str("KEY").u32(3);
+  // clang-format on
+  set = test::LoadSharing<CTrunkSet>(schema2, pool);
+  EXPECT_EQ(0xFF, set->GetBaudRate());
+  EXPECT_EQ(1, set->GetBandWidth());
+  EXPECT_EQ(1, set->GetScope());
+  EXPECT_EQ(1, set->GetChannelAt(0)->Get4800Baud());
+  EXPECT_EQ(0, set->GetChannelAt(0)->GetNpspac());
+  ASSERT_EQ(1, set->GetNumEsks());
+  EXPECT_EQ("KEY", set->GetEskAt(0)->GetEskId());
+  ASSERT_EQ(1u, pool.size());
+  EXPECT_EQ(pool[0].get(), set->GetEskAt(0));
+}
+
+TEST(TrunkSet, TwoSetsNamingOneKeyStoreItOnceAndLoadSharingIt) {
+  CEskData key;
+  key.SetEskId("SHARED");
+  key.SetEsk(42);
+  CTrunkSet trunk;
+  trunk.SetName("T");
+  trunk.AddEsk(&key);
+  CGroupSet groups;
+  groups.SetName("G");
+  groups.AddEsk(&key);
+
+  CArchive out(nullptr, CArchive::store);
+  out.WriteObject(&trunk);
+  out.WriteObject(&groups);
+  const std::vector<BYTE> bytes = out.TakeStoredBytes();
+  // Indexes: CTrunkSet 1, the trunk set 2, CEskData 3, the key 4, CGroupSet 5, the group set 6.
+  // The group set's key list is one back-reference to object 4.
+  // clang-format off
+  const auto groupPart = ArchiveBytes()
+      .newClass(3, "CGroupSet")
+      .count(0).str("G").u8(2).u8(0).str("").str("").str("").str("")
+      .count(1)
+      .objectRef(4)
+      .bytes();
+  // clang-format on
+  ASSERT_GE(bytes.size(), groupPart.size());
+  EXPECT_EQ(Hex(groupPart),
+            Hex(std::vector<BYTE>(bytes.end() - static_cast<long>(groupPart.size()), bytes.end())));
+
+  CArchive in(bytes.data(), bytes.size(), "shared.bin");
+  auto t = std::unique_ptr<CObject>(in.ReadObject(RUNTIME_CLASS(CTrunkSet)));
+  auto g = std::unique_ptr<CObject>(in.ReadObject(RUNTIME_CLASS(CGroupSet)));
+  auto pool = in.TakeSharedObjects();
+  ASSERT_EQ(1u, pool.size());
+  CEskData* fromTrunk = static_cast<CTrunkSet*>(t.get())->GetEskAt(0);
+  CEskData* fromGroups = static_cast<CGroupSet*>(g.get())->GetEskAt(0);
+  EXPECT_EQ(pool[0].get(), fromTrunk);
+  EXPECT_EQ(fromTrunk, fromGroups);
+  EXPECT_EQ(42, fromGroups->GetEsk());
+}
+
+TEST(TrunkSet, KeyListIndexRules) {
+  CEskData a, b, c;
+  CTrunkSet set;
+  set.AddEsk(&a);
+  set.AddEsk(&b);
+  EXPECT_EQ(nullptr, set.GetEskAt(2));
+  EXPECT_THROW(set.GetEskAt(-1), CInvalidArgException);
+  EXPECT_THROW(set.SetEskAt(2, &c), CInvalidArgException);
+  set.SetEskAt(1, &c);
+  EXPECT_EQ(&c, set.GetEskAt(1));
+  set.DeleteEskAt(5);
+  set.DeleteEskAt(-1);
+  EXPECT_EQ(2, set.GetNumEsks());
+  set.DeleteEskAt(0);
+  ASSERT_EQ(1, set.GetNumEsks());
+  EXPECT_EQ(&c, set.GetEskAt(0));
+}
+
+TEST(TrunkSet, CopyingSharesKeysWhileAssignmentKeepsTheTargetsOwn) {
+  CEskData sourceKey, targetKey;
+  CTrunkSet source;
+  FillSite(source);
+  source.Add(MakeChannel(851.0125, 806.0125, 2, 0, 0, 0));
+  source.Add(MakeChannel(852.0125, 807.0125, 2, 0, 1, 0));
+  source.AddEsk(&sourceKey);
+
+  CTrunkSet copy(source);
+  ASSERT_EQ(1, copy.GetNumEsks());
+  EXPECT_EQ(&sourceKey, copy.GetEskAt(0));
+  EXPECT_EQ(2, copy.GetSize());
+  EXPECT_NE(source.GetChannelAt(0), copy.GetChannelAt(0));
+  EXPECT_TRUE(copy == source);
+
+  CTrunkSet target;
+  target.Add(MakeChannel(860.0, 815.0, 2, 0, 0, 0));
+  target.AddEsk(&targetKey);
+  target.SetScope(1);
+  target = &source;
+  EXPECT_EQ("SITE1", target.GetName());
+  EXPECT_EQ(2, target.GetSize());  // the target's own channel is gone, not kept in front
+  EXPECT_EQ(0, target.GetScope());
+  EXPECT_DOUBLE_EQ(825.0, target.GetTxMaxFreq());
+  ASSERT_EQ(1, target.GetNumEsks());
+  EXPECT_EQ(&targetKey, target.GetEskAt(0));
+  EXPECT_TRUE(target == source);
+  target = &target;  // self-assignment leaves the set whole
+  EXPECT_EQ(2, target.GetSize());
+}
+
+TEST(TrunkSet, EqualityWorksInWhole10HzSteps) {
+  CTrunkChannel a, b;
+  a.SetTxFreq(851.01250);
+  b.SetTxFreq(851.012504);
+  EXPECT_TRUE(a == b);
+  b.SetTxFreq(851.0126);
+  EXPECT_FALSE(a == b);
+  b.SetTxFreq(851.01250);
+  b.Set4800Baud(1);  // takes no part
+  EXPECT_TRUE(a == b);
+  b.SetNpspac(1);
+  EXPECT_FALSE(a == b);
+
+  CEskData key;
+  CTrunkSet x, y;
+  FillSite(x);
+  FillSite(y);
+  x.Add(new CTrunkChannel(a));
+  y.Add(new CTrunkChannel(a));
+  y.SetName("OTHER");
+  y.SetTxMinFreq(136.0);
+  y.SetRxMaxFreq(174.0);
+  y.AddEsk(&key);
+  EXPECT_TRUE(x == y);
+  y.SetBaudRate(1);
+  EXPECT_FALSE(x == y);
+  y.SetBaudRate(x.GetBaudRate());
+  y.Add(new CTrunkChannel(a));
+  EXPECT_FALSE(x == y);
+}
+
+TEST(TrunkSet, FrequencyCheckEdges) {
+  auto check = [](double tx, double rx, double a, double c, double d) {
+    CTrunkSet set;
+    set.Add(MakeChannel(tx, rx, 2, 0, 0, 0));
+    return set.CheckFrequencyRange(a, 9999.0, c, d);
+  };
+  // Above 800 MHz: the transmit upper test, the receive lower test and the tolerance.
+  EXPECT_EQ(0, check(880.0, 860.0, 806.0, 851.0, 870.0));
+  EXPECT_EQ(1, check(0.0, 860.0, 806.0, 851.0, 870.0));
+  EXPECT_EQ(0, check(0.0, 850.9, 806.0, 851.0, 870.0));
+  EXPECT_EQ(1, check(820.0, 870.0000005, 806.0, 851.0, 870.0));
+  EXPECT_EQ(0, check(820.0, 870.00001, 806.0, 851.0, 870.0));
+  EXPECT_EQ(0, check(805.9, 860.0, 806.0, 851.0, 870.0));
+  // At or below 800 MHz only the transmit lower and the receive upper tests apply.
+  EXPECT_EQ(1, check(880.0, 100.0, 800.0, 851.0, 870.0));
+  EXPECT_EQ(0, check(799.0, 100.0, 800.0, 851.0, 870.0));
+  EXPECT_EQ(0, check(820.0, 871.0, 800.0, 851.0, 870.0));
+
+  CTrunkSet empty;
+  EXPECT_EQ(1, empty.CheckFrequencyRange(806.0, 0.0, 851.0, 870.0));
+  CTrunkSet two;
+  two.Add(MakeChannel(820.0, 860.0, 2, 0, 0, 0));
+  two.Add(MakeChannel(820.0, 880.0, 2, 0, 0, 0));
+  EXPECT_EQ(0, two.CheckFrequencyRange(806.0, 0.0, 851.0, 870.0));
+}
+
+TEST(TrunkSet, ModelDefaults) {
+  // Band frequency: baud rate 9600 below 890 MHz, narrow band above it, neither at 890.
+  for (const auto& [band, baud, width] : {std::tuple{890.0, 0, 0}, {800.0, 1, 0}, {900.0, 0, 1}}) {
+    const CTrunkSet set(68, 0, band);
+    EXPECT_EQ(baud, set.GetBaudRate()) << band;
+    EXPECT_EQ(width, set.GetBandWidth()) << band;
+  }
+  EXPECT_EQ(1, CTrunkSet(77, 0, 800.0).GetPower());
+  EXPECT_EQ(0, CTrunkSet(77, 1, 800.0).GetPower());
+  EXPECT_EQ(0, CTrunkSet(68, 0, 800.0).GetPower());
+  EXPECT_EQ(1, CTrunkSet().GetBaudRate());
+  // Oscillator shift by radio type; 97 keeps its shift with the reduced defaults.
+  for (const auto& [type, full, reduced] :
+       {std::tuple{96, 1, 0}, {97, 1, 1}, {104, 3, 0}, {68, 2, 0}, {54, 2, 2}}) {
+    EXPECT_EQ(full, CTrunkChannel(static_cast<unsigned short>(type), 0).GetOscShift()) << type;
+    EXPECT_EQ(reduced, CTrunkChannel(static_cast<unsigned short>(type), 1).GetOscShift()) << type;
+  }
+}
+
+TEST(TrunkSet, ReportLines) {
+  CTrunkSet set;
+  FillSite(set);
+  set.SetCCLimit(7);
+  set.SetPreAmp(0);
+  set.Add(MakeChannel(851.0125, 806.0125, 3, 1, 1, 0));
+  set.Add(MakeChannel(0.0, 866.5, 0, 0, 4, 1));
+  CStringArray out;
+  set.printToBuffer(out, 0);
+  const std::vector<std::string> expected = {
+      "                  Max Channel       - 20",
+      "                  CC Limits         - First 5      Send NB Unkey Mess - On ",
+      "                  Korvex Bandwidth   - Narrow       Signalng Baud Rate - 4800",
+      "                  Power             - High          Preamp             - Off",
+      "",
+      "                  Ch    Tx Freq    Rx Freq    OS    Type    Osc  NPSPAC",
+      "                  -----------------------------------------------------",
+      "                   1    851.0125   806.0125   On    Encode   3   Off",
+      "                   2      0.0000   866.5000   Off   First 5   0   On ",
+  };
+  test::ExpectLines(expected, out);
+}
+
+}  // namespace
+}  // namespace persona
