@@ -1,0 +1,24 @@
+// The JSON document of a whole personality: a small header naming the format, then the
+// personality record with everything below it (record_json.h gives the record form).
+//
+//   { "format": "persona-personality", "formatVersion": 1, "personality": { "$class": ... } }
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "core/personality.h"
+#include "io/json/record_json.h"
+
+namespace persona {
+
+// Returns the JSON document of personality.
+Json ExportPersonalityJson(CPersonality& personality);
+
+// Builds the personality of doc (which the caller owns); the key records its sets share are
+// kept by the personality. Throws CJsonImportException (source, JSON pointer, cause) for a
+// document that is not a personality document or describes invalid records.
+std::unique_ptr<CPersonality> ImportPersonalityJson(const Json& doc,
+                                                    const std::string& source = std::string());
+
+}  // namespace persona

@@ -1,0 +1,58 @@
+// Whole-file personality loads and saves, and the personality JSON document: the vector goes
+// archive -> JSON -> archive unchanged, trailing bytes are counted, damage is reported.
+#include <gtest/gtest.h>
+
+#include "framework/file_io.h"
+#include "io/json/personality_json.h"
+#include "io/personality_file.h"
+#include "support/test_data.h"
+
+namespace persona {
+namespace {
+
+TEST(PersonalityIo, VectorTravelsThroughJsonUnchanged) {
+  const std::vector<BYTE> bytes = test::ReadTestFile("vectors/personality_empty.bin");
+  LoadedPersonality loaded = LoadPersonalityBytes(bytes.data(), bytes.size(), "empty.pers");
+  EXPECT_EQ(loaded.trailingBytes, 0u);
+  EXPECT_EQ(loaded.fileSize, bytes.size());
+  const Json doc = ExportPersonalityJson(*loaded.personality);
+  EXPECT_EQ(doc["format"], "persona-personality");
+  EXPECT_EQ(doc["personality"]["Name"], "Demo");
+  std::unique_ptr<CPersonality> back = ImportPersonalityJson(Json::parse(doc.dump()), "p.json");
+  EXPECT_EQ(test::Hex(StorePersonalityBytes(*back)), test::Hex(bytes));
+  EXPECT_EQ(ExportPersonalityJson(*back).dump(), doc.dump());
+}
+
+TEST(PersonalityIo, TrailingBytesAreCountedAndDamageIsReported) {
+  std::vector<BYTE> bytes = test::ReadTestFile("vectors/personality_empty.bin");
+  bytes.push_back(0xAA);
+  bytes.push_back(0xBB);
+  EXPECT_EQ(LoadPersonalityBytes(bytes.data(), bytes.size(), "t.pers").trailingBytes, 2u);
+  try {
+    LoadPersonalityBytes(bytes.data(), 40, "cut.pers");
+    FAIL();
+  } catch (const CArchiveException& e) {
+    EXPECT_EQ(e.m_cause, CArchiveException::endOfFile);
+    EXPECT_EQ(std::string(e.what()).rfind("cut.pers: byte ", 0), 0u) << e.what();
+  }
+  EXPECT_THROW(ImportPersonalityJson(Json::parse(R"({"format":"other"})"), "x.json"),
+               CJsonImportException);
+}
+
+TEST(PersonalityIo, SaveIsAtomicAndKeepsABackup) {
+  const std::string path = ::testing::TempDir() + "/persona_io_save.pers";
+  std::remove(path.c_str());
+  std::remove((path + ".bak").c_str());
+  CPersonality first;
+  first.SetName("First");
+  SavePersonalityFile(path, first);
+  CPersonality second;
+  second.SetName("Second");
+  SavePersonalityFile(path, second, true);
+  EXPECT_EQ(LoadPersonalityFile(path).personality->GetName(), "Second");
+  EXPECT_EQ(LoadPersonalityFile(path + ".bak").personality->GetName(), "First");
+  EXPECT_THROW(LoadPersonalityFile(path + ".missing"), CFileException);
+}
+
+}  // namespace
+}  // namespace persona
