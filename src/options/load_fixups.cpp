@@ -8,6 +8,7 @@
 #include "options/gen_radio_opts.h"
 #include "options/supervisory_opts.h"
 #include "options/tone_encode.h"
+#include "systems/trunk_set.h"
 
 namespace persona {
 
@@ -24,11 +25,13 @@ void ApplyGeneralOptionsFixup(CPersonality& personality) {
       if (personality.GetOption<CSupervisoryOpts>() == offered) supervisory.release();
     }
   }
-  // NOT DONE HERE: trunk sets whose baud rate byte is 255 (never set) must take
-  // general->GetBaudRate() and general->GetBandWidth(). That needs CTrunkSet (GetBaudRate,
-  // SetBaudRate, SetBandWidth), which this branch does not have yet: for every i below
-  // personality.GetNumTrkSets(), cast personality.GetSetAt(i, TrunkSetType) to CTrunkSet and
-  // copy both values when its baud rate is 255.
+  // Trunk sets that never had a baud rate take the general options' baud rate and band width.
+  for (int i = 0; i < personality.GetNumTrkSets(); ++i) {
+    auto* trunk = dynamic_cast<CTrunkSet*>(personality.GetSetAt(i, TrunkSetType));
+    if (trunk == nullptr || trunk->GetBaudRate() != 0xFF) continue;
+    trunk->SetBaudRate(general->GetBaudRate());
+    trunk->SetBandWidth(general->GetBandWidth());
+  }
 }
 
 bool RemapToneEncodeTriggers(CPersonality& personality) {
