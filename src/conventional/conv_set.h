@@ -34,26 +34,28 @@ class CConvChannel : public CObject {
   // the same 10 Hz steps and every other field is equal, else 0.
   int operator==(const CConvChannel& other) const;
 
-  // channel name
+  // Accessors: getters return the field (strings as copies), setters store their argument
+  // unchanged; no value is range-checked.
+  // Channel name.
   CString GetName() const { return m_Name; }
   void SetName(CString v) { m_Name = std::move(v); }
-  // transmit frequency, MHz; 0 = receive only
+  // Transmit frequency, MHz; 0 = receive only.
   double GetTxFreq() const { return m_TxFreq; }
   void SetTxFreq(double v) { m_TxFreq = v; }
-  // receive frequency, MHz
+  // Receive frequency, MHz.
   double GetRxFreq() const { return m_RxFreq; }
   void SetRxFreq(double v) { m_RxFreq = v; }
-  // transmit channel guard code
+  // Transmit channel guard code.
   CString GetTxCg() const { return m_TxCg; }
   void SetTxCg(CString v) { m_TxCg = std::move(v); }
-  // receive channel guard code
+  // Receive channel guard code.
   CString GetRxCg() const { return m_RxCg; }
   void SetRxCg(CString v) { m_RxCg = std::move(v); }
   WORD GetTxAddr() const { return m_TxAddr; }
   void SetTxAddr(WORD v) { m_TxAddr = v; }
   WORD GetRxAddr() const { return m_RxAddr; }
   void SetRxAddr(WORD v) { m_RxAddr = v; }
-  // carrier control timer
+  // Carrier control timer.
   BYTE GetCCT() const { return m_CCT; }
   void SetCCT(BYTE v) { m_CCT = v; }
   BYTE GetScan() const { return m_Scan; }
@@ -65,17 +67,17 @@ class CConvChannel : public CObject {
   // 0 Low, 1 High, 2 Auto
   BYTE GetPower() const { return m_Power; }
   void SetPower(BYTE v) { m_Power = v; }
-  // transmit-busy lockout
+  // Transmit-busy lockout.
   BYTE GetTxBusy() const { return m_TxBusy; }
   void SetTxBusy(BYTE v) { m_TxBusy = v; }
   BYTE GetFixPower() const { return m_FixPower; }
   void SetFixPower(BYTE v) { m_FixPower = v; }
   BYTE GetPreAmp() const { return m_PreAmp; }
   void SetPreAmp(BYTE v) { m_PreAmp = v; }
-  // squelch tail elimination on transmit
+  // Squelch tail elimination on transmit.
   BYTE GetSte() const { return m_Ste; }
   void SetSte(BYTE v) { m_Ste = v; }
-  // squelch tail elimination on receive
+  // Squelch tail elimination on receive.
   BYTE GetSteRx() const { return m_SteRx; }
   void SetSteRx(BYTE v) { m_SteRx = v; }
   // Type 99 decode
@@ -177,8 +179,8 @@ class CConvChannel : public CObject {
   BYTE GetTalkaround() const { return m_Talkaround; }
   void SetTalkaround(BYTE v) { m_Talkaround = v; }
   // The full current layout (schema 10) when storing; loading reads the fields that the stored
-  // schema has (the archive order differs from the declaration order: SteRx, TxOs and the later
-  // option blocks follow the schema that added them).
+  // Schema has (the archive order differs from the declaration order: SteRx, TxOs and the later.
+  // Option blocks follow the schema that added them).
   void Serialize(CArchive& ar) override;
 
   // Archive order.
