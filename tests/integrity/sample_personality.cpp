@@ -79,9 +79,10 @@ void AddElements(CSet* set, std::initializer_list<const char*> names) {
   for (const char* n : names) set->Add(Named(new E, n));
 }
 
-void AddChannels(CConvSet* set, std::initializer_list<const char*> names) {
+template <class C>
+void AddChannels(CSet* set, std::initializer_list<const char*> names) {
   for (const char* n : names) {
-    auto* ch = Named(new CConvChannel, n);
+    auto* ch = Named(new C, n);
     ch->SetTxFreq(810.0);
     ch->SetRxFreq(855.0);
     set->Add(ch);
@@ -163,7 +164,7 @@ void AddSets(CPersonality& p, bool withMessaging) {
   p.AddSet(eag, EaGroupSetType);
 
   auto* conv = NamedSet<CConvSet>("CONV");
-  AddChannels(conv, {"CH1", "CH2", "CH3"});
+  AddChannels<CConvChannel>(conv, {"CH1", "CH2", "CH3"});
   SetText(*conv, "HomeChan", "CH1");
   SetText(*conv, "P1Chan", "CH2");
   SetText(*conv, "P2Chan", "CH3");
@@ -172,7 +173,7 @@ void AddSets(CPersonality& p, bool withMessaging) {
   p.AddSet(conv, ConvSetType);
 
   auto* p25c = NamedSet<CP25ConvSet>("P25C");
-  AddElements<CP25ConvChannel>(p25c, {"PCH1", "PCH2"});
+  AddChannels<CP25ConvChannel>(p25c, {"PCH1", "PCH2"});
   SetText(*p25c, "P25GroupSet", "P25G");
   p.AddSet(p25c, P25ConvSetType);
 
