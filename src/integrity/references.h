@@ -36,7 +36,9 @@ int RenameSystem(CPersonality& p, const CString& oldName, const CString& newName
 int RenameSet(CPersonality& p, SetType type, const CString& oldName, const CString& newName);
 int DeleteSystem(CPersonality& p, const CString& name);
 int DeleteSet(CPersonality& p, SetType type, const CString& name);
-// Channels of conventional (1) and P25 conventional (8) sets.
+// Channels of conventional (1) and P25 conventional (8) sets. A deleted element leaves its set
+// through CSet::DeleteAt, so the set's own clearing applies as well (a P25 conventional set
+// also empties its P25 group set name when that equals the channel's name).
 int RenameChannel(CPersonality& p, SetType type, const CString& setName, const CString& oldName,
                   const CString& newName);
 int DeleteChannel(CPersonality& p, SetType type, const CString& setName, const CString& name);
