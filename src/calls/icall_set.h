@@ -65,7 +65,7 @@ class CICall : public CObject {
     v("Type", m_Type);
     v("Digital", m_Digital);
     v("DLid", m_DLid, Since{2});
-    v("WaNetName", m_WaNetName, Since{3});
+    v("WaNetName", m_WaNetName, Since{3}, RefersTo{RefKind::Wan});
     v("Encrypted", m_Encrypted, Since{3});
     v("AllCall", m_AllCall, Since{3});
   }

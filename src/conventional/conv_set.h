@@ -402,10 +402,10 @@ class CConvSet : public CElementSet {
     v("RxMinFreq", m_RxMinFreq);
     v("TxMaxFreq", m_TxMaxFreq);
     v("RxMaxFreq", m_RxMaxFreq);
-    v("HomeChan", m_HomeChan);
-    v("P1Chan", m_P1Chan);
-    v("P2Chan", m_P2Chan);
-    v("WideScanChan", m_WideScanChan);
+    v("HomeChan", m_HomeChan, RefersTo{RefKind::Channel});
+    v("P1Chan", m_P1Chan, RefersTo{RefKind::Channel});
+    v("P2Chan", m_P2Chan, RefersTo{RefKind::Channel});
+    v("WideScanChan", m_WideScanChan, RefersTo{RefKind::Channel});
     v("Dtmf", m_Dtmf);
     v("T99wcg", m_T99wcg, Since{2});
     v("T99Super", m_T99Super, Since{2});
@@ -414,7 +414,7 @@ class CConvSet : public CElementSet {
     v("T99QuickCall", m_T99QuickCall, Since{2});
     v("T99ToneSet", m_T99ToneSet, Since{2});
     v("DataCCT", m_DataCCT, Since{3});
-    v("AltPttChan", m_AltPttChan, Since{4});
+    v("AltPttChan", m_AltPttChan, Since{4}, RefersTo{RefKind::Channel});
   }
   PERSONA_FIELDS(CElementSet)
 

@@ -200,7 +200,7 @@ class CP25ConvSet : public CElementSet {
     v("RxMinFreq", m_RxMinFreq);
     v("TxMaxFreq", m_TxMaxFreq);
     v("RxMaxFreq", m_RxMaxFreq);
-    v("P25GroupSet", m_P25GroupSet);
+    v("P25GroupSet", m_P25GroupSet, RefersTo{RefKind::Set, P25GroupSetType});
   }
   PERSONA_FIELDS(CElementSet)
 

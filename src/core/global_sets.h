@@ -19,6 +19,19 @@
 
 namespace persona {
 
+class CPersonality;
+class CTrunkSet;
+class CGroupSet;
+class CExtAddGroupSet;
+class CP25GroupSet;
+class CConvSet;
+class CP25ConvSet;
+class CPhoneSet;
+class CICallSet;
+class CSpCallSet;
+class CPlmGroupSet;
+class CPlmSpCallSet;
+
 // One row of the global set table, in the order in which a refresh processes the set lists.
 struct GlobalSetKind {
   SetType type;
@@ -60,5 +73,38 @@ bool WriteSet(CSet* set, CString path, bool confirmOverwrite);
 // damaged file propagate as CArchiveException.
 bool ReadSetFile(const CString& path, const char* className, BYTE setType,
                  std::unique_ptr<CSet>* out);
+
+// Reads the set stored at path (or at a file of that name in another letter case) as
+// ReadSetFile does for the overload's class and set type. Returns false, set untouched, when
+// the file cannot be opened or holds another class; a set of the right class is handed over
+// (the caller owns it and must delete it) even when its type byte is wrong, with false.
+// Archive faults of a damaged file propagate as CArchiveException.
+bool ReadSet(CTrunkSet*& set, CString path);
+bool ReadSet(CGroupSet*& set, CString path);
+bool ReadSet(CExtAddGroupSet*& set, CString path);
+bool ReadSet(CP25GroupSet*& set, CString path);
+bool ReadSet(CConvSet*& set, CString path);
+bool ReadSet(CP25ConvSet*& set, CString path);
+bool ReadSet(CPhoneSet*& set, CString path);
+bool ReadSet(CICallSet*& set, CString path);
+bool ReadSet(CSpCallSet*& set, CString path);
+bool ReadSet(CPlmGroupSet*& set, CString path);
+bool ReadSet(CPlmSpCallSet*& set, CString path);
+
+// 1 unless set is a trunk, conventional or P25 conventional set whose CheckFrequencyRange with
+// these limits (in this order) answers 0; other sets have no frequencies and always fit.
+int SetFitsBand(const CSet& set, double txMin, double txMax, double rxMin, double rxMax);
+
+// Refreshes every set of personality whose scope is 1 from its global file in directory (the
+// folder is listed once; a file whose name differs only in letter case is found), list by list
+// in the order of GlobalSetKinds. A set that is read, of the right class and type, and (for
+// trunk, conventional and P25 conventional sets) inside the personality's band limits takes the
+// local set's name and place; the local copy is deleted. Otherwise the local copy stays, its
+// scope becomes 0 and the user is told "<kind name><set name> not found, using local copy",
+// "<kind name><set name> contains out of range frequencies, using local copy", "<kind
+// name><set name> could not be read (<cause>), using local copy" for a damaged file, or
+// "<kind name><set name> is not a usable file name, using local copy" for a name that holds a
+// folder separator or "..". Never fails; always returns true (also for a null personality).
+bool ReadPersonalityGlobalSets(CPersonality*& personality, CString directory);
 
 }  // namespace persona

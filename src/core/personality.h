@@ -273,6 +273,38 @@ class CPersonality : public CSerial {
   // appends the name and the key number (the arrays stay parallel). Any radio type.
   void GetSecurityKeys(CStringArray& names, CWordArray& numbers) const;
 
+  // ---- pruning (defined in integrity/personality_prune.cpp) ---------------------------------
+  // Strips what the last radio type cannot use and what nothing refers to: removes the system
+  // kinds the radio type does not support (messaging unless 65, 66, 67, 85, 86; trunked for 27
+  // to 30, 33, 52; P25 trunked, with the CP25tWanOpts record, unless 101 to 106; P25
+  // conventional and extended-addressing trunked unless 88, 89, 92, 101 to 106; conventional,
+  // with every conventional set, for 72 to 75), then every set that no remaining system names.
+  // Always returns true.
+  bool RemoveUnusedSystemsAndSets();
+  // Removes every system whose type byte is systemType, after emptying the name fields of the
+  // other records that refer to those systems; the others keep their order. Returns how many
+  // were removed.
+  int RemoveSystems(int systemType);
+  // Each removes the sets of one list that no system of the kinds consulted for that list
+  // names (names compared ignoring case); returns how many were removed. Conventional sets
+  // named by CGenRadioOpts' CnvTestSet and P25 group sets named by a P25 conventional set stay.
+  int RemoveUnusedConvSets();
+  int RemoveUnusedTrunkedSets();
+  int RemoveUnusedP25ConvSets();
+  int RemoveUnusedGroupSets();
+  int RemoveUnusedEaGroupSets();
+  int RemoveUnusedP25GroupSets();
+  int RemoveUnusedPhoneSets();
+  int RemoveUnusedIcallSets();
+  int RemoveUnusedSpcallSets();
+  int RemoveUnusedPlmGroupSets();
+  int RemoveUnusedPlmSpcallSets();
+  // Deletes every conventional set; returns how many there were.
+  int RemoveAllConventionalSets();
+  // 1 when a system of a kind consulted for list type names a set called name (ignoring case),
+  // else 0 (also for an empty name or an invalid type).
+  int checkForSystemReferencesToSet(const CString& name, SetType type);
+
   // ---- life cycle and archive --------------------------------------------------------------
   // Deletes the systems; then the sets of the trunk, group, extended-addressing group, phone,
   // individual call, special call, conventional, messaging group, P25 conventional, P25 group
@@ -350,6 +382,8 @@ class CPersonality : public CSerial {
   void CorrectBandEdges();
   void AdoptShared(CArchive& ar);
   void ShareRecordsOf(const CPersonality& src);
+  // Deletes the sets of list type that are not used (integrity/personality_prune.cpp).
+  int RemoveUnusedSets(SetType type);
 
   BYTE m_storedSchema = 0;
   BYTE m_loaded = 0;

@@ -47,11 +47,35 @@ constexpr Words WordsOf(const char* const (&words)[N]) {
   return Words{words, N};
 }
 
+// What a name field names: records refer to one another by name only, and the reference
+// maintenance (integrity/) finds every such field through this option. Ignored by the archive,
+// the JSON code and the report.
+enum class RefKind : BYTE {
+  System,   // a system (exact name)
+  Set,      // a set of list setType (name ignoring case)
+  Channel,  // a channel of a conventional or P25 conventional set (exact name)
+  Group,    // a group of a group set of any kind (exact name)
+  Wan,      // a P25 wide-area network of CP25tWanOpts (exact name)
+};
+// setType of a Set reference held by a system whose group set list follows its kind (trunked:
+// group sets, extended addressing: extended-addressing group sets, P25 trunked: P25 group sets,
+// messaging: messaging group sets).
+constexpr int kGroupSetOfSystem = -1;
+struct RefersTo {
+  RefKind kind;
+  int setType = kGroupSetOfSystem;  // Set references: the list of the named set
+  // Channel and Group references: the field of the same record that names the system whose
+  // channel or group set holds the element; null means the set that holds the field itself.
+  const char* scopeField = nullptr;
+};
+
 // What a run-time visitor learns about a field besides its value.
 struct FieldInfo {
   const char* name;
   unsigned since;  // 0 or 1: present in every schema
   bool hex;
+  // What the field names, for name fields (valid during the visit only); null otherwise.
+  const RefersTo* refersTo = nullptr;
 };
 
 // Run-time visitor over the described fields of a record; one overload per field type.
@@ -92,6 +116,17 @@ constexpr unsigned SinceOf(const O&... opts) {
 template <class T, class... O>
 constexpr bool Has() {
   return (std::is_same_v<T, O> || ...);
+}
+
+template <class... O>
+const RefersTo* RefersToOf(const O&... opts) {
+  const RefersTo* ref = nullptr;
+  (
+      [&](const auto& o) {
+        if constexpr (std::is_same_v<std::decay_t<decltype(o)>, RefersTo>) ref = &o;
+      }(opts),
+      ...);
+  return ref;
 }
 
 }  // namespace fields_detail
@@ -163,7 +198,8 @@ class FieldAdapter {
     if constexpr (fields_detail::Has<Transient, O...>()) {
       return;
     } else {
-      const FieldInfo info{name, fields_detail::SinceOf(opts...), fields_detail::Has<Hex, O...>()};
+      const FieldInfo info{name, fields_detail::SinceOf(opts...), fields_detail::Has<Hex, O...>(),
+                           fields_detail::RefersToOf(opts...)};
       if constexpr (std::is_array_v<T>) {
         static_assert(std::is_same_v<std::remove_extent_t<T>, WORD>, "only WORD arrays");
         m_v.Field(info, member, std::extent_v<T>);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "core/serial.h"
+#include "core/set_types.h"
 #include "framework/collections.h"
 #include "framework/cstring.h"
 #include "framework/fields.h"
@@ -105,11 +106,11 @@ class CGenRadioOpts : public CSerial {
     v("MinVol", m_MinVol);
     v("OffsetIF", m_OffsetIF);
     v("EmerLatch", m_EmerLatch);
-    v("TestUnitSystem", m_TestUnitSystem);
-    v("HomeSystem", m_HomeSystem);
+    v("TestUnitSystem", m_TestUnitSystem, RefersTo{RefKind::System});
+    v("HomeSystem", m_HomeSystem, RefersTo{RefKind::System});
     v("CallBackMess", m_CallBackMess);
     v("Text", m_Text);
-    v("CnvTestSet", m_CnvTestSet);
+    v("CnvTestSet", m_CnvTestSet, RefersTo{RefKind::Set, ConvSetType});
     v("BaudRate", m_BaudRate);
     v("VoterMonitor", m_VoterMonitor);
     v("BandWidth", m_BandWidth, Since{2});

@@ -84,8 +84,8 @@ class CPowerUpOpts : public CFieldOption<CPowerUpOpts> {
     v("SquelchMode", m_SquelchMode, Label{"Squelch"}, WordsOf(kLastFixedWords));
     v("SquelchLevel", m_SquelchLevel, Label{"Squelch Level"});
     v("SysGroupMode", m_SysGroupMode, Label{"System/Group"}, WordsOf(kLastFixedWords));
-    v("GroupName", m_GroupName, Label{"Group Name"});
-    v("SystemName", m_SystemName, Label{"System Name"});
+    v("GroupName", m_GroupName, Label{"Group Name"}, RefersTo{RefKind::Group, 0, "SystemName"});
+    v("SystemName", m_SystemName, Label{"System Name"}, RefersTo{RefKind::System});
     v("Scan", m_Scan, Label{"Scan"}, WordsOf(kLastOffOnWords));
     v("KeypadLockMode", m_KeypadLockMode, Since{2}, Label{"Keypad Lock"}, WordsOf(kLastFixedWords));
     v("KeypadLockState", m_KeypadLockState, Since{2}, Label{"Keypad Lock State"}, OnOff{});

@@ -139,8 +139,8 @@ class CConvScanOpts : public CFieldOption<CConvScanOpts> {
   template <class V>
   void Fields(V& v) {
     v("Scan", m_Scan, Label{"Conventional Scan"}, OnOff{});
-    v("HomeChan", m_HomeChan, Label{"Home Channel"});
-    v("HomeSystem", m_HomeSystem, Label{"Home System"});
+    v("HomeChan", m_HomeChan, Label{"Home Channel"}, RefersTo{RefKind::Channel, 0, "HomeSystem"});
+    v("HomeSystem", m_HomeSystem, Label{"Home System"}, RefersTo{RefKind::System});
     v("FixedList", m_FixedList, Label{"Fixed Scan List"}, OnOff{});
     v("AcrossSystems", m_AcrossSystems, Label{"Scan Across Systems"}, OnOff{});
     v("WithCg", m_WithCg, Label{"Scan With CG"}, OnOff{});
@@ -200,10 +200,10 @@ class CLumoConvScanOpts : public CFieldOption<CLumoConvScanOpts> {
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
   void Fields(V& v) {
-    v("P1Chan", m_P1Chan, Label{"Priority 1 Channel"});
-    v("P2Chan", m_P2Chan, Label{"Priority 2 Channel"});
-    v("P1System", m_P1System, Since{2}, Label{"Priority 1 System"});
-    v("P2System", m_P2System, Since{3}, Label{"Priority 2 System"});
+    v("P1Chan", m_P1Chan, Label{"Priority 1 Channel"}, RefersTo{RefKind::Channel, 0, "P1System"});
+    v("P2Chan", m_P2Chan, Label{"Priority 2 Channel"}, RefersTo{RefKind::Channel, 0, "P2System"});
+    v("P1System", m_P1System, Since{2}, Label{"Priority 1 System"}, RefersTo{RefKind::System});
+    v("P2System", m_P2System, Since{3}, Label{"Priority 2 System"}, RefersTo{RefKind::System});
   }
 
  private:

@@ -70,8 +70,8 @@ class CVantorOpts : public CSerial {
     v("EnEmer", m_EnEmer);
     v("Emer", m_Emer);
     v("Vantor", m_Vantor);
-    v("System", m_System);
-    v("Channel", m_Channel);
+    v("System", m_System, RefersTo{RefKind::System});
+    v("Channel", m_Channel, RefersTo{RefKind::Channel, 0, "System"});
     v("Id", m_Id);
     v("StartDelayPercent", m_StartDelayPercent);
     v("SilentEmer", m_SilentEmer, Since{2});
@@ -83,8 +83,8 @@ class CVantorOpts : public CSerial {
     v("EnExtendedId", m_EnExtendedId, Since{4});
     v("ExtendedId", m_ExtendedId, Since{4});
     v("ConvKorvexEmer", m_ConvKorvexEmer, Since{5});
-    v("TrkSystem", m_TrkSystem, Since{6});
-    v("Group", m_Group, Since{6});
+    v("TrkSystem", m_TrkSystem, Since{6}, RefersTo{RefKind::System});
+    v("Group", m_Group, Since{6}, RefersTo{RefKind::Group, 0, "TrkSystem"});
     v("RepeatETone", m_RepeatETone, Since{7});
   }
   PERSONA_FIELDS(CSerial)

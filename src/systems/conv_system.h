@@ -60,8 +60,8 @@ class CConvSystem : public CSystem {
     v("T99QuickCall", m_T99QuickCall);
     v("DTMF", m_DTMF);
     v("ToneSet", m_ToneSet);
-    v("ConvSetName", m_ConvSetName);
-    v("PhoneSetName", m_PhoneSetName);
+    v("ConvSetName", m_ConvSetName, RefersTo{RefKind::Set, ConvSetType});
+    v("PhoneSetName", m_PhoneSetName, RefersTo{RefKind::Set, PhoneSetType});
     v("ToneSeq", m_ToneSeq);
     v("AltPttIndex", m_AltPttIndex.value, Transient{});
     v("CgSel", m_CgSel, Since{8});

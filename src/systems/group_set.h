@@ -151,10 +151,10 @@ class CGroupSet : public CElementSet, public CSetKeyList {
   void Fields(V& v) {
     v("SchemaKnown", m_schemaKnown, Transient{});
     v("LoadedSchema", m_loadedSchema, Transient{});
-    v("HomeGrp", m_HomeGrp);
-    v("Priority1Grp", m_Priority1Grp);
-    v("Priority2Grp", m_Priority2Grp);
-    v("PriorityTalkGrp", m_PriorityTalkGrp, Since{2});
+    v("HomeGrp", m_HomeGrp, RefersTo{RefKind::Group});
+    v("Priority1Grp", m_Priority1Grp, RefersTo{RefKind::Group});
+    v("Priority2Grp", m_Priority2Grp, RefersTo{RefKind::Group});
+    v("PriorityTalkGrp", m_PriorityTalkGrp, Since{2}, RefersTo{RefKind::Group});
     v("Esks", m_esks, Since{3});
   }
   PERSONA_FIELDS(CElementSet)

@@ -44,8 +44,8 @@ class CP25ConvSystem : public CSystem {
   void Fields(V& v) {
     v("DTMF", m_DTMF);
     v("Unit", m_Unit);
-    v("P25ConvSetName", m_P25ConvSetName);
-    v("IcallSetName", m_IcallSetName);
+    v("P25ConvSetName", m_P25ConvSetName, RefersTo{RefKind::Set, P25ConvSetType});
+    v("IcallSetName", m_IcallSetName, RefersTo{RefKind::Set, ICallSetType});
     v("EncryptType", m_EncryptType, Since{5});
     v("KeyId", m_KeyId, Since{5});
     v("DisplayGroup", m_DisplayGroup, Since{7});

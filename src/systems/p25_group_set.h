@@ -149,9 +149,9 @@ class CP25GroupSet : public CElementSet {
 
   template <class V>
   void Fields(V& v) {
-    v("HomeGrp", m_HomeGrp);
-    v("Priority1Grp", m_Priority1Grp);
-    v("Priority2Grp", m_Priority2Grp);
+    v("HomeGrp", m_HomeGrp, RefersTo{RefKind::Group});
+    v("Priority1Grp", m_Priority1Grp, RefersTo{RefKind::Group});
+    v("Priority2Grp", m_Priority2Grp, RefersTo{RefKind::Group});
   }
   PERSONA_FIELDS(CElementSet)
 

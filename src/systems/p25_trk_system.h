@@ -75,7 +75,7 @@ class CP25TrkSystem : public CTrunkSystem {
   // Listed in archive order (the home unit ID follows the home WAN name).
   template <class V>
   void Fields(V& v) {
-    v("WaNetName", m_WaNetName);
+    v("WaNetName", m_WaNetName, RefersTo{RefKind::Wan});
     v("SystemNac", m_SystemNac, Hex{});
     v("p25Spare1", m_p25Spare1);
     v("FreqOffset", m_FreqOffset);
@@ -95,7 +95,7 @@ class CP25TrkSystem : public CTrunkSystem {
     v("DefaultTxOffset", m_DefaultTxOffset);
     v("DefaultChnlSpacing", m_DefaultChnlSpacing);
     v("DefaultBaseFreq", m_DefaultBaseFreq);
-    v("HomeWanName", m_HomeWanName);
+    v("HomeWanName", m_HomeWanName, RefersTo{RefKind::Wan});
     v("HomeUnitId", m_HomeUnitId);
     v("RfssId", m_RfssId, Since{10}, Hex{});
     v("SiteId", m_SiteId, Since{10}, Hex{});

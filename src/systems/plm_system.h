@@ -83,10 +83,10 @@ class CPlmSystem : public CSystem {
     v("BusyToneLen", m_BusyToneLen);
     v("SpCallTone", m_SpCallTone);
     v("IndvDecTone", m_IndvDecTone);
-    v("TrunkSetName", m_TrunkSetName);
-    v("GroupSetName", m_GroupSetName);
-    v("SpCallSetName", m_SpCallSetName);
-    v("ScannedSystems", m_ScannedSystems, Since{2});
+    v("TrunkSetName", m_TrunkSetName, RefersTo{RefKind::Set, TrunkSetType});
+    v("GroupSetName", m_GroupSetName, RefersTo{RefKind::Set, kGroupSetOfSystem});
+    v("SpCallSetName", m_SpCallSetName, RefersTo{RefKind::Set, PlmSpCallSetType});
+    v("ScannedSystems", m_ScannedSystems, Since{2}, RefersTo{RefKind::System});
   }
   PERSONA_FIELDS(CSystem)
 

@@ -92,23 +92,23 @@ class CTrunkSystem : public CSystem {
   // the base pair's ESK / EskName.
   template <class V>
   void Fields(V& v) {
-    v("ScannedSystems", m_ScannedSystems);
+    v("ScannedSystems", m_ScannedSystems, RefersTo{RefKind::System});
     v("EmerAudio", m_EmerAudio);
     v("EmerDisplay", m_EmerDisplay);
     v("Power", m_Power);
     v("FsChan", m_FsChan);
     v("Unit", m_Unit);
     v("Site", m_Site);
-    v("TrunkSetName", m_TrunkSetName);
-    v("GroupSetName", m_GroupSetName);
-    v("PhoneSetName", m_PhoneSetName);
-    v("iCallSetName", m_iCallSetName);
-    v("SpCallSetName", m_SpCallSetName);
-    v("PriSys", m_PriSys);
+    v("TrunkSetName", m_TrunkSetName, RefersTo{RefKind::Set, TrunkSetType});
+    v("GroupSetName", m_GroupSetName, RefersTo{RefKind::Set, kGroupSetOfSystem});
+    v("PhoneSetName", m_PhoneSetName, RefersTo{RefKind::Set, PhoneSetType});
+    v("iCallSetName", m_iCallSetName, RefersTo{RefKind::Set, ICallSetType});
+    v("SpCallSetName", m_SpCallSetName, RefersTo{RefKind::Set, SpCallSetType});
+    v("PriSys", m_PriSys, RefersTo{RefKind::System});
     v("ScanAll", m_ScanAll);
     v("Sonvra", m_Sonvra);
-    v("CnvPriSystem", m_CnvPriSystem);
-    v("CnvPriChannel", m_CnvPriChannel);
+    v("CnvPriSystem", m_CnvPriSystem, RefersTo{RefKind::System});
+    v("CnvPriChannel", m_CnvPriChannel, RefersTo{RefKind::Channel, 0, "CnvPriSystem"});
     v("CnvPriTx", m_CnvPriTx);
     v("TrunkESK", m_TrkESK, Since{3});
     v("TrunkEskName", m_TrkEskName, Since{3});

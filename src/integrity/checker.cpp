@@ -1,0 +1,186 @@
+// The integrity checker (see checker.h).
+#include "integrity/checker.h"
+
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "core/global_sets.h"
+#include "integrity/name_refs.h"
+#include "integrity/set_use.h"
+#include "options/p25_wan_opts.h"
+#include "systems/esk_key_list.h"
+#include "systems/system.h"
+
+namespace persona {
+
+namespace {
+
+std::string Quoted(const CString& name) { return "\"" + name.str() + "\""; }
+
+std::string Upper(const CString& name) {
+  CString copy = name;
+  return copy.MakeUpper().str();
+}
+
+class Checker {
+ public:
+  explicit Checker(CPersonality& p) : m_p(p), m_refs(CollectNameRefs(p)) {}
+
+  std::vector<Finding> Run() {
+    CollectWans();
+    for (const NameRef& ref : m_refs) CheckRef(ref);
+    for (int type = 0; type < kNumSetTypes; ++type) CheckList(static_cast<SetType>(type));
+    CheckKeys();
+    CheckSystemKinds();
+    return std::move(m_findings);
+  }
+
+ private:
+  void Add(const char* code, Finding::Severity severity, std::string path, std::string message) {
+    m_findings.push_back({code, severity, std::move(path), std::move(message)});
+  }
+
+  void CollectWans() {
+    const auto* wans = m_p.GetOption<CP25tWanOpts>();
+    for (int i = 0; wans != nullptr && i < wans->GetNumWans(); ++i) {
+      if (const CP25TrkWan* wan = wans->GetWanAt(i)) m_wans.insert(wan->GetNetworkName().str());
+    }
+  }
+
+  void CheckRef(const NameRef& ref) {
+    const CString& name = ref.Name();
+    if (ref.kind == RefKind::Set && ref.set != nullptr) m_usedSets.insert(ref.set);
+    if (name.IsEmpty()) return;
+    switch (ref.kind) {
+      case RefKind::System:
+        if (ref.system != nullptr) return;
+        if (ref.list != nullptr) {
+          Add("SCAN_SYSTEM_MISSING", Finding::Error, ref.path,
+              "scans system " + Quoted(name) + ", which does not exist");
+        } else {
+          Add("REF_SYSTEM_MISSING", Finding::Error, ref.path,
+              "names system " + Quoted(name) + ", which does not exist");
+        }
+        return;
+      case RefKind::Set:
+        if (ref.set == nullptr) {
+          Add("REF_SET_MISSING", Finding::Error, ref.path,
+              std::string("names ") + SetListPathName(ref.setType) + " set " + Quoted(name) +
+                  ", which does not exist");
+        }
+        return;
+      case RefKind::Channel:
+      case RefKind::Group:
+        CheckElementRef(ref, name);
+        return;
+      case RefKind::Wan:
+        if (m_wans.count(name.str()) == 0) {
+          Add("REF_WAN_MISSING", Finding::Error, ref.path,
+              "names P25 wide-area network " + Quoted(name) + ", which is not in the WAN list");
+        }
+        return;
+    }
+  }
+
+  void CheckElementRef(const NameRef& ref, const CString& name) {
+    const bool channel = ref.kind == RefKind::Channel;
+    const char* what = channel ? "channel " : "group ";
+    if (ref.set == nullptr) {
+      // A missing system is reported at its own field; an empty one or one without such a set
+      // leaves the element name without a set to look in.
+      if (ref.scoped && ref.scopeSystem == nullptr && !ref.scopeName.IsEmpty()) return;
+      if (ref.scopeSystem != nullptr && ElementSetNamed(*ref.scopeSystem, ref.kind)) return;
+      Add("REF_SCOPE_MISSING", Finding::Warning, ref.path,
+          std::string("names ") + what + Quoted(name) +
+              (ref.scopeName.IsEmpty() ? std::string(" but no system")
+                                       : " of system " + Quoted(ref.scopeName) + ", which has no " +
+                                             (channel ? "channel" : "group") + " set"));
+      return;
+    }
+    if (m_elements.Has(*ref.set, name)) return;
+    Add(channel ? "REF_CHANNEL_MISSING" : "REF_GROUP_MISSING", Finding::Error, ref.path,
+        std::string("names ") + what + Quoted(name) + ", which set " + Quoted(ref.set->Name()) +
+            " does not hold");
+  }
+
+  // True when system names a channel or group set (which then does not exist: reported there).
+  bool ElementSetNamed(const CSystem& system, RefKind kind) const {
+    CString name;
+    const SetType type =
+        kind == RefKind::Channel
+            ? (system.GetSysType() == P25ConvSystemType ? P25ConvSetType : ConvSetType)
+            : static_cast<SetType>(GroupSetTypeOfSystem(system.GetSysType()));
+    if (!IsValidSetType(type)) return false;
+    return SystemSetNameFor(system, type, &name) && !name.IsEmpty();
+  }
+
+  static std::string SetPath(SetType type, const CSet& set) {
+    return std::string("sets/") + SetListPathName(type) + "/" + set.Name().str();
+  }
+
+  void CheckList(SetType type) {
+    std::unordered_map<std::string, const CSet*> first;
+    for (int i = 0; i < m_p.GetNumSets(type); ++i) {
+      CSet* set = m_p.GetSetAt(i, type);
+      if (set == nullptr) continue;
+      const std::string path = SetPath(type, *set);
+      auto [it, added] = first.emplace(Upper(set->Name()), set);
+      if (!added) {
+        Add("SET_NAME_DUPLICATE", Finding::Warning, path,
+            "has the name of the earlier set " + Quoted(it->second->Name()) +
+                " (letter case aside); lookups find only that one, so this one is never used");
+      }
+      if (!InBand(*set)) {
+        Add("FREQ_OUT_OF_RANGE", Finding::Error, path,
+            "holds a frequency outside the band limits of the personality");
+      }
+      if (added && m_usedSets.count(set) == 0) {
+        Add("SET_UNUSED", Finding::Info, path, "is not used by any system, set or option");
+      }
+    }
+  }
+
+  bool InBand(const CSet& set) const {
+    return SetFitsBand(set, m_p.GetTxMinFreq(), m_p.GetTxMaxFreq(), m_p.GetRxMinFreq(),
+                       m_p.GetRxMaxFreq()) != 0;
+  }
+
+  // Systems that use a set with a key list need their key in it.
+  void CheckKeys() {
+    for (const NameRef& ref : m_refs) {
+      if (ref.kind != RefKind::Set || ref.set == nullptr) continue;
+      const auto* system = dynamic_cast<const CSystem*>(ref.record);
+      const auto* keys = dynamic_cast<const CSetKeyList*>(ref.set);
+      if (system == nullptr || keys == nullptr) continue;
+      if (m_p.IsEskPresentInSystem(system, keys->GetEskList())) continue;
+      Add("KEY_MISSING", Finding::Error,
+          SetPath(static_cast<SetType>(ref.setType), *ref.set) + "/Esks",
+          "lacks key " + Quoted(system->GetEskName()) + " (" + std::to_string(system->GetESK()) +
+              ") that system " + Quoted(system->Name()) + " uses");
+    }
+  }
+
+  void CheckSystemKinds() {
+    const WORD radio = m_p.GetLastRadio();
+    for (int i = 0; i < m_p.GetNumSystems(); ++i) {
+      const CSystem* system = m_p.GetSystemAt(i);
+      if (system == nullptr || RadioTypeSupportsSystemKind(radio, system->GetSysType())) continue;
+      Add("SYSTEM_UNSUPPORTED", Finding::Warning, "systems/" + system->Name().str(),
+          "is a kind of system that radio type " + std::to_string(radio) + " cannot use");
+    }
+  }
+
+  CPersonality& m_p;
+  std::vector<NameRef> m_refs;
+  std::vector<Finding> m_findings;
+  std::unordered_set<std::string> m_wans;
+  std::unordered_set<const CSet*> m_usedSets;
+  ElementNames m_elements;
+};
+
+}  // namespace
+
+std::vector<Finding> CheckPersonality(CPersonality& p) { return Checker(p).Run(); }
+
+}  // namespace persona

@@ -1,0 +1,145 @@
+// The checker: a clean personality has no findings; a personality broken in one way reports
+// exactly that, once, with its code, severity and path.
+#include "integrity/checker.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <sstream>
+
+#include "calls/phone_set.h"
+#include "conventional/conv_set.h"
+#include "integrity/sample_personality.h"
+#include "options/scan_opts.h"
+#include "options/vantor_opts.h"
+#include "systems/esk_data.h"
+#include "systems/group_set.h"
+#include "systems/trunk_set.h"
+#include "systems/trunk_system.h"
+
+namespace persona {
+namespace {
+
+using test::SamplePersonality;
+using test::SetText;
+using test::SetTexts;
+
+std::string Describe(const std::vector<Finding>& findings) {
+  std::ostringstream out;
+  for (const Finding& f : findings) {
+    out << f.code << " " << f.severity << " " << f.path << ": " << f.message << "\n";
+  }
+  return out.str();
+}
+
+std::unique_ptr<CPersonality> Clean() { return SamplePersonality(/*withMessaging=*/false); }
+
+TEST(Checker, CleanSampleHasNoFindings) {
+  auto p = Clean();
+  EXPECT_EQ(Describe(CheckPersonality(*p)), "");
+}
+
+void AddPhoneSet(CPersonality& p, const char* name) {
+  auto* set = new CPhoneSet;
+  set->SetName(name);
+  p.AddSet(set, PhoneSetType);
+}
+
+struct Break {
+  const char* what;
+  std::function<void(CPersonality&)> apply;
+  // "CODE severity path" of every expected finding.
+  std::vector<std::string> expected;
+};
+
+std::vector<Break> Breaks() {
+  return {
+      {"priority system missing",
+       [](CPersonality& p) { SetText(*p.GetSystem("T1"), "PriSys", "Nowhere"); },
+       {"REF_SYSTEM_MISSING 0 systems/T1/PriSys"}},
+      {"scanned system missing",
+       [](CPersonality& p) {
+         SetTexts(*p.GetSystem("T1"), "ScannedSystems", {"C1", "Ghost"});
+       },
+       {"SCAN_SYSTEM_MISSING 0 systems/T1/ScannedSystems/2"}},
+      {"phone set missing",
+       [](CPersonality& p) { SetText(*p.GetSystem("C1"), "PhoneSetName", "Nope"); },
+       {"REF_SET_MISSING 0 systems/C1/PhoneSetName"}},
+      {"home channel missing",
+       [](CPersonality& p) { SetText(*p.GetSet("CONV", ConvSetType), "HomeChan", "CH9"); },
+       {"REF_CHANNEL_MISSING 0 sets/conv/CONV/HomeChan"}},
+      {"priority group missing",
+       [](CPersonality& p) { SetText(*p.GetSet("GRP", GroupSetType), "Priority2Grp", "G9"); },
+       {"REF_GROUP_MISSING 0 sets/group/GRP/Priority2Grp"}},
+      {"option channel without system",
+       [](CPersonality& p) { SetText(*p.GetOption<CConvScanOpts>(), "HomeSystem", ""); },
+       {"REF_SCOPE_MISSING 1 options/CConvScanOpts/HomeChan"}},
+      {"option group of a system without group set",
+       [](CPersonality& p) { SetText(*p.GetOption<CVantorOpts>(), "TrkSystem", "C1"); },
+       {"REF_SCOPE_MISSING 1 options/CVantorOpts/Group"}},
+      {"channel through a missing system is reported at the system",
+       [](CPersonality& p) { SetText(*p.GetOption<CVantorOpts>(), "System", "Ghost"); },
+       {"REF_SYSTEM_MISSING 0 options/CVantorOpts/System"}},
+      {"WAN missing",
+       [](CPersonality& p) { SetText(*p.GetSystem("P1"), "WaNetName", "WAN9"); },
+       {"REF_WAN_MISSING 0 systems/P1/WaNetName"}},
+      {"channel out of band",
+       [](CPersonality& p) {
+         static_cast<CConvChannel*>(p.GetSet("CONV", ConvSetType)->GetAt(2))->SetTxFreq(900.0);
+       },
+       {"FREQ_OUT_OF_RANGE 0 sets/conv/CONV"}},
+      {"key missing from the group set's key list",
+       [](CPersonality& p) {
+         auto* t1 = static_cast<CTrunkSystem*>(p.GetSystem("T1"));
+         t1->SetESK(5);
+         t1->SetEskName("K5");
+         auto key = std::make_unique<CEskData>();
+         key->SetEsk(5);
+         key->SetEskId("K5");
+         static_cast<CTrunkSet*>(p.GetSet("TRK", TrunkSetType))->AddEsk(key.get());
+         std::vector<std::unique_ptr<CObject>> keys;
+         keys.push_back(std::move(key));
+         p.AdoptSharedRecords(std::move(keys));
+       },
+       {"KEY_MISSING 0 sets/group/GRP/Esks"}},
+      {"set names differing in case",
+       [](CPersonality& p) { AddPhoneSet(p, "ph"); },
+       {"SET_NAME_DUPLICATE 1 sets/phone/ph"}},
+      {"unused set",
+       [](CPersonality& p) { AddPhoneSet(p, "Spare"); },
+       {"SET_UNUSED 2 sets/phone/Spare"}},
+      {"system kind the radio cannot use",
+       [](CPersonality& p) { p.SetLastRadio(88); },
+       {"SYSTEM_UNSUPPORTED 1 systems/P1"}},
+  };
+}
+
+TEST(Checker, EachBreakIsReportedOnceWithItsCodeAndPath) {
+  for (const Break& b : Breaks()) {
+    SCOPED_TRACE(b.what);
+    auto p = Clean();
+    b.apply(*p);
+    const std::vector<Finding> findings = CheckPersonality(*p);
+    std::vector<std::string> got;
+    for (const Finding& f : findings) {
+      got.push_back(f.code + " " + std::to_string(f.severity) + " " + f.path);
+      EXPECT_FALSE(f.message.empty());
+    }
+    EXPECT_EQ(got, b.expected) << Describe(findings);
+  }
+}
+
+TEST(Checker, MessagesNameWhatIsWrong) {
+  auto p = Clean();
+  SetText(*p->GetSet("CONV", ConvSetType), "HomeChan", "CH9");
+  SetText(*p->GetSystem("T1"), "GroupSetName", "Missing");  // GRP becomes unused too
+  EXPECT_EQ(Describe(CheckPersonality(*p)),
+            "REF_SET_MISSING 0 systems/T1/GroupSetName: names group set \"Missing\", which does "
+            "not exist\n"
+            "REF_CHANNEL_MISSING 0 sets/conv/CONV/HomeChan: names channel \"CH9\", which set "
+            "\"CONV\" does not hold\n"
+            "SET_UNUSED 2 sets/group/GRP: is not used by any system, set or option\n");
+}
+
+}  // namespace
+}  // namespace persona
