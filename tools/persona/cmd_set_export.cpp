@@ -1,4 +1,6 @@
 // persona set export FILE --kind KIND --name NAME --dir DIR: one set as a global set file.
+#include <filesystem>
+
 #include "command.h"
 #include "core/global_sets.h"
 #include "report/personality_ops.h"
@@ -19,7 +21,8 @@ void RegisterSetExport(Context& context) {
       "Write one set of a personality as a global set file DIR/NAME.EXT (the extension by "
       "kind: .TRS, .CVS, .GRS, ...). KIND is one of trunk, conv, group, phone, icall, spcall, "
       "plmgroup, plmspcall, p25conv, p25group, eagroup, or the set type number 0 to 10; the "
-      "name is found ignoring case.");
+      "name is found ignoring case. DIR is made when missing; a file that is there is replaced "
+      "atomically.");
   cmd->add_option("FILE", args->file, "Personality file")->required();
   cmd->add_option("--kind", args->kind, "Set kind")->required();
   cmd->add_option("--name", args->name, "Set name")->required();
@@ -36,6 +39,9 @@ void RegisterSetExport(Context& context) {
     if (!GlobalSetPath(CString(args->dir), found->GetName(), type, &path)) {
       throw OutputError("the set name " + found->GetName().str() + " cannot be a file name");
     }
+    std::error_code ec;
+    std::filesystem::create_directories(args->dir, ec);
+    if (ec) throw OutputError(args->dir + ": " + ec.message());
     if (!WriteSet(found, path, false)) throw OutputError(path.str() + ": not written");
     WriteText("-", path.str() + "\n");
   });
