@@ -1,0 +1,236 @@
+// The personality report driver and the whole-personality operations: exact lines of the
+// title and system blocks, option records printed by their owners or on their own, every
+// set kind present, the option class list, model defaults, merge clashes and set kind keys.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "conventional/conv_set.h"
+#include "options/lumo_opts.h"
+#include "report/personality_ops.h"
+#include "report/personality_report.h"
+#include "systems/group_set.h"
+#include "systems/p25_trk_system.h"
+#include "systems/trunk_set.h"
+#include "systems/trunk_system.h"
+
+namespace persona {
+namespace {
+
+std::vector<std::string> Report(CPersonality& p) {
+  CStringArray out;
+  PrintPersonalityReport(p, out);
+  std::vector<std::string> lines;
+  for (const CString& line : out) lines.push_back(line.str());
+  return lines;
+}
+
+// The lines of the block headed heading, up to and without its closing empty line.
+std::vector<std::string> Block(const std::vector<std::string>& lines, const std::string& heading) {
+  std::vector<std::string> block;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    if (lines[i] != heading) continue;
+    for (std::size_t j = i; j < lines.size() && !lines[j].empty(); ++j) block.push_back(lines[j]);
+    break;
+  }
+  return block;
+}
+
+int Count(const std::vector<std::string>& lines, const std::string& line) {
+  int n = 0;
+  for (const std::string& l : lines) n += l == line;
+  return n;
+}
+
+TEST(PersonalityReport, TitleBlockNamesTheModels) {
+  CPersonality p(103, 0);
+  p.SetName("FLEET");
+  p.SetDescription("Test fleet");
+  p.SetSavedOn("2026-01-02");
+  p.SetSavedBy("tech");
+  p.AddRadioType(2);
+  p.SetTxMaxFreq(901.9875);
+  const std::vector<std::string> expected = {
+      "PERSONALITY:",
+      "------------",
+      "   Name                       - FLEET",
+      "   Description                - Test fleet",
+      "   Saved On                   - 2026-01-02",
+      "   Saved By                   - tech",
+      "   Version                    - 20",
+      "   Radio Types                - 103 - Model 103 P25 trunked (p25t)",
+      "                              - 2 - Unknown model",
+      "   Last Radio                 - 103 - Model 103 P25 trunked",
+      "   Tx Frequency Range         - 0.00000 - 901.98750 MHz",
+      "   Rx Frequency Range         - 0.00000 - 0.00000 MHz",
+      "   Systems                    - 0              Sets                        - 0",
+      "   Option Records             - 0"};
+  EXPECT_EQ(Block(Report(p), "PERSONALITY:"), expected);
+}
+
+TEST(PersonalityReport, P25TrunkedSystemPrintsEveryFieldWithItsLabel) {
+  CPersonality p;
+  auto* s = new CP25TrkSystem(103, 0);
+  s->SetName("P25 EAST");
+  s->SetWaNetName("WAN 1");
+  s->SetHomeWanName("WAN 2");
+  s->SetSystemNac(0x293);
+  s->SetRfssId(0x1A);
+  s->SetSiteId(0x2B);
+  s->SetVeskaHostIpAddr(0x0A000105);
+  s->SetUnitReg(static_cast<CP25TrkSystem::UnitRegType>(2));
+  s->SetRegTimer(30);
+  s->SetSimulcastEnabled(1);
+  s->SetDefaultTxOffset(-45);
+  s->SetSonvra(3);
+  s->SetKwMode(2);
+  s->SetScannedSystemAt("NORTH", 0);
+  s->SetScannedSystemAt("SOUTH", 1);
+  p.AddSystem(s);
+  const std::vector<std::string> block = Block(Report(p), "SYSTEM 1 - PROJECT 25 TRUNKED:");
+  ASSERT_FALSE(block.empty());
+  EXPECT_EQ(block[1], "------------------------------");
+  for (const char* line :
+       {"   Name                       - P25 EAST",
+        "   System Type                - Project 25 Trunked",
+        "   Alert Tones                - On             Voice Key                   - 0",
+        "   Voice Mode                 - 2              Voice Key Bank              - 0",
+        "   Scanned Systems            - NORTH, SOUTH",
+        "   Scan All                   - Off            Sonvra/Trevix               - 3",
+        "   Text Host IP Address       - 010.000.001.005", "   WA Network                 - WAN 1",
+        "   NAC                        - 293            Spare 1                     - 0",
+        "   Sonvra Scan Type           - 0              Simulcast                   - On",
+        "   Unit Reg.                  - 2              Spare 3                     - 0",
+        "   Auto Reg Timer             - 30             Default Bandwidth           - 0",
+        "   Default Tx Offset          - -45            Default Channel Spacing     - 0",
+        "   Home ID WAN                - WAN 2",
+        "   Home ID Unit ID            - 0              RFSS ID                     - 1A",
+        "   Site ID                    - 2B             CC Tx Request               - Off",
+        "   FNE Data LID               - 16777213"}) {
+    EXPECT_EQ(Count(block, line), 1) << line;
+  }
+  // Every line but the heading's underline keeps to the layout: three blanks, a label column.
+  for (std::size_t i = 2; i < block.size(); ++i) {
+    EXPECT_EQ(block[i].compare(0, 3, "   "), 0) << block[i];
+    EXPECT_EQ(block[i].compare(30, 2, "- "), 0) << block[i];
+  }
+}
+
+TEST(PersonalityReport, OwnedOptionRecordsPrintOnTheirOwnOnlyWithoutTheirOwner) {
+  CPersonality p(30, 0);
+  p.PutOption(new CFennOpts(30, 0));
+  std::vector<std::string> lines = Report(p);
+  EXPECT_EQ(Count(lines, "CFENNOPTS RECORD:"), 1);
+
+  p.PutOption(new CLumoOpts(30, 0));
+  lines = Report(p);
+  EXPECT_EQ(Count(lines, "CFENNOPTS RECORD:"), 0);
+  EXPECT_EQ(Count(lines, "LUMO/FENN/COYLE Q9P OPTIONS:"), 1);
+}
+
+TEST(PersonalityReport, EverySetKindHasItsHeadingAndEveryRecordIsPrinted) {
+  CPersonality empty;
+  const std::vector<std::string> lines = Report(empty);
+  EXPECT_EQ(Count(lines, "   None"), 11);
+  for (const char* heading :
+       {"TRUNK SETS:", "GROUP SETS:", "KORVEX IP GROUP SETS:", "P25 GROUP SETS:",
+        "PELLAM GROUP SETS:", "CONVENTIONAL CHANNEL SETS:", "P25 CONVENTIONAL CHANNEL SETS:",
+        "PHONE CALL SETS:", "INDIVIDUAL CALL SETS:", "SPECIAL CALL SETS:",
+        "PELLAM SPECIAL CALL SETS:"}) {
+    EXPECT_EQ(Count(lines, heading), 1) << heading;
+  }
+
+  // Two trunk sets: the driver numbers and names them; the second option record of a class
+  // (a merge leaves one) is printed field by field after the first.
+  CPersonality p(103, 0);
+  auto* a = new CTrunkSet(103, 0, 851.0);
+  a->SetName("NORTH");
+  auto* b = new CTrunkSet(103, 0, 851.0);
+  b->SetName("SOUTH");
+  p.AddSet(a, TrunkSetType);
+  p.AddSet(b, TrunkSetType);
+  MergeResult merged = MergePersonalities(*NewModelPersonality(68), *NewModelPersonality(68));
+  const std::vector<std::string> withSets = Report(p);
+  EXPECT_EQ(Count(withSets, "   1   - NORTH       "), 1);
+  EXPECT_EQ(Count(withSets, "   2   - SOUTH       "), 1);
+  const std::vector<std::string> twice = Report(*merged.merged);
+  EXPECT_EQ(Count(twice, "GENERAL RADIO OPTIONS:"), 1);
+  EXPECT_EQ(Count(twice, "CGENRADIOOPTS RECORD:"), 1);
+}
+
+TEST(PersonalityOps, ModelDefaultsHoldOneRecordOfEveryOptionClassInReportOrder) {
+  std::size_t count = 0;
+  const char* const* names = ReportOptionOrder(&count);
+  ASSERT_EQ(count, 48u);
+  std::unique_ptr<CPersonality> p = NewModelPersonality(103);
+  ASSERT_EQ(p->GetNumOptions(), 48);
+  for (std::size_t i = 0; i < count; ++i) {
+    const CRuntimeClass* cls = CRuntimeClass::FromName(names[i]);
+    ASSERT_NE(cls, nullptr) << names[i];
+    EXPECT_STREQ(p->GetOptionAt(static_cast<int>(i))->GetRuntimeClass()->m_lpszClassName, names[i]);
+  }
+  EXPECT_EQ(NewReportOption(count, 103), nullptr);
+  EXPECT_EQ(p->GetLastRadio(), 103);
+  EXPECT_DOUBLE_EQ(p->GetRxMaxFreq(), 870.0);
+  // A second call adds nothing.
+  AddModelDefaultOptions(*p, 103);
+  EXPECT_EQ(p->GetNumOptions(), 48);
+}
+
+TEST(PersonalityOps, MergeAppendsAndListsTheNamesHeldTwice) {
+  CPersonality a(103, 0);
+  auto* north = new CTrunkSystem(103, 0);
+  north->SetName("NORTH");
+  a.AddSystem(north);
+  auto* metro = new CConvSet(103, 0);
+  metro->SetName("Metro");
+  a.AddSet(metro, ConvSetType);
+  CPersonality b(68, 0);
+  auto* north2 = new CTrunkSystem(68, 0);
+  north2->SetName("NORTH");
+  auto* south = new CTrunkSystem(68, 0);
+  south->SetName("SOUTH");
+  b.AddSystem(north2);
+  b.AddSystem(south);
+  auto* metro2 = new CConvSet(68, 0);
+  metro2->SetName("METRO");
+  b.AddSet(metro2, ConvSetType);
+  auto* group = new CGroupSet(68, 0, GroupSetType);
+  group->SetName("Metro");
+  b.AddSet(group, GroupSetType);
+
+  MergeResult result = MergePersonalities(a, b);
+  ASSERT_EQ(result.clashes.size(), 2u);
+  EXPECT_EQ(result.clashes[0].what, "system");
+  EXPECT_EQ(result.clashes[0].name, "NORTH");
+  EXPECT_EQ(result.clashes[1].what, "set conv");
+  EXPECT_EQ(result.clashes[1].name, "METRO");
+  CPersonality& m = *result.merged;
+  EXPECT_EQ(m.GetNumSystems(), 3);
+  EXPECT_EQ(m.GetSystemAt(2)->GetName(), CString("SOUTH"));
+  EXPECT_EQ(m.GetNumSets(ConvSetType), 2);
+  EXPECT_EQ(m.GetNumRadioTypes(), 2);
+  EXPECT_EQ(m.GetLastRadio(), 103);
+  EXPECT_EQ(a.GetNumSystems(), 1);  // the inputs stay as they were
+  EXPECT_EQ(b.GetNumSystems(), 2);
+}
+
+TEST(PersonalityOps, SetKindsByKeyOrNumber) {
+  SetType type = TrunkSetType;
+  EXPECT_TRUE(ParseSetKind("EAGroup", &type));
+  EXPECT_EQ(type, EaGroupSetType);
+  EXPECT_TRUE(ParseSetKind("8", &type));
+  EXPECT_EQ(type, P25ConvSetType);
+  EXPECT_FALSE(ParseSetKind("11", &type));
+  EXPECT_FALSE(ParseSetKind("", &type));
+  EXPECT_EQ(type, P25ConvSetType);
+  for (int t = 0; t < kNumSetTypes; ++t) {
+    ASSERT_TRUE(ParseSetKind(SetKindKey(static_cast<SetType>(t)), &type));
+    EXPECT_EQ(type, t);
+  }
+  EXPECT_EQ(SetKindKey(static_cast<SetType>(11)), nullptr);
+}
+
+}  // namespace
+}  // namespace persona

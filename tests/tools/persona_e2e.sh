@@ -1,0 +1,164 @@
+#!/usr/bin/env bash
+# End-to-end tests of the persona tool: runs the real binaries on the bundled sample.
+#   persona_e2e.sh CASE PERSONA PERSONA_SAMPLE SOURCE_DIR WORK_DIR
+set -uo pipefail
+
+case_name=$1
+persona=$2
+persona_sample=$3
+source_dir=$4
+work=$5
+sample="$source_dir/examples/sample.pers"
+expected="$source_dir/tests/tools/expected"
+
+rm -rf "$work" && mkdir -p "$work" && cd "$work" || exit 1
+
+failures=0
+fail() {
+  echo "FAIL: $*" >&2
+  failures=$((failures + 1))
+}
+# expect_rc CODE COMMAND...: runs the command, output to out.txt / err.txt, checks its exit code.
+expect_rc() {
+  local want=$1
+  shift
+  "$@" >out.txt 2>err.txt
+  local got=$?
+  [[ $got -eq $want ]] || fail "exit $got, expected $want: $* ($(head -c 300 err.txt))"
+}
+same_file() { cmp -s "$1" "$2" || fail "$1 and $2 differ"; }
+contains() { grep -qF -- "$2" "$1" || fail "$1 does not contain: $2"; }
+
+case "$case_name" in
+  sample)
+    # The checked-in sample is what the generator writes today.
+    expect_rc 0 "$persona_sample" -o regenerated.pers
+    same_file regenerated.pers "$sample"
+    ;;
+  report)
+    expect_rc 0 "$persona" report
+    same_file out.txt "$expected/sample_report.txt"
+    expect_rc 0 "$persona" report "$sample" -o report.txt
+    same_file report.txt "$expected/sample_report.txt"
+    [[ -s out.txt ]] && fail "report -o also wrote to stdout"
+    # Writing over an existing report keeps the previous one.
+    echo old >report.txt
+    expect_rc 0 "$persona" report "$sample" -o report.txt
+    same_file report.txt "$expected/sample_report.txt"
+    [[ "$(cat report.txt.bak)" == old ]] || fail "report.txt.bak is not the previous file"
+    ;;
+  json)
+    # Archive -> JSON -> archive gives the same bytes.
+    expect_rc 0 "$persona" export "$sample" -o sample.json
+    expect_rc 0 "$persona" import sample.json -o back.pers
+    same_file back.pers "$sample"
+    expect_rc 0 "$persona" export back.pers
+    same_file out.txt sample.json
+    # JSON -> archive -> JSON gives the same document, for a document edited by hand.
+    sed -e 's/"SAMPLE COUNTY"/"EDITED COUNTY"/' -e 's/"TxNac": 660/"TxNac": 661/' \
+      sample.json >edited.json
+    cmp -s edited.json sample.json && fail "the edit changed nothing"
+    expect_rc 0 "$persona" import edited.json -o edited.pers
+    expect_rc 0 "$persona" export edited.pers -o edited_back.json
+    same_file edited_back.json edited.json
+    # A document that is not a personality fails with exit 2 and names the place.
+    echo '{"format": "persona-personality", "formatVersion": 1, "personality": {"$class": "CPersonality", "Version": "x"}}' >bad.json
+    expect_rc 2 "$persona" import bad.json -o bad.pers
+    contains err.txt "bad.json"
+    [[ -e bad.pers ]] && fail "a failed import wrote bad.pers"
+    echo '{ not json' >broken.json
+    expect_rc 2 "$persona" import broken.json -o bad.pers
+    ;;
+  diff)
+    expect_rc 0 "$persona" diff "$sample" "$sample"
+    [[ -s out.txt ]] && fail "diff of a file with itself printed: $(cat out.txt)"
+    expect_rc 0 "$persona" diff "$sample" "$sample" --json
+    [[ "$(cat out.txt)" == "[]" ]] || fail "diff --json of equal files: $(cat out.txt)"
+    expect_rc 0 "$persona" export "$sample" -o sample.json
+    sed -e 's/"SAMPLE COUNTY"/"EDITED COUNTY"/' -e 's/"PAGE ALL"/"PAGE EVAC"/' \
+      sample.json >edited.json
+    expect_rc 0 "$persona" import edited.json -o edited.pers
+    expect_rc 1 "$persona" diff "$sample" edited.pers
+    same_file out.txt "$expected/diff_edited.txt"
+    expect_rc 1 "$persona" diff "$sample" edited.pers --json
+    same_file out.txt "$expected/diff_edited.json"
+    # One channel fewer in the last conventional set: exactly one removal.
+    expect_rc 0 "$persona_sample" --channels 47 -o smaller.pers
+    expect_rc 1 "$persona" diff "$sample" smaller.pers
+    [[ $(wc -l <out.txt) -eq 1 ]] || fail "expected one difference: $(cat out.txt)"
+    contains out.txt 'removed ConvSets/SOUTH/Elements/15: {"$class":"CConvChannel","Name":"MUTL 2"'
+    expect_rc 1 "$persona" diff smaller.pers "$sample"
+    contains out.txt 'added ConvSets/SOUTH/Elements/15: {"$class":"CConvChannel","Name":"MUTL 2"'
+    ;;
+  merge)
+    # A new personality (no systems, no sets) merged with the sample: only the option
+    # classes clash, and the merged file holds the sample's systems and sets after A's.
+    expect_rc 0 "$persona" new --radio-type 68 --name FLEET -o new.pers
+    expect_rc 0 "$persona" merge new.pers "$sample" -o merged.pers
+    [[ $(grep -c '^clash: option ' out.txt) -eq 48 ]] || fail "expected 48 option clashes"
+    [[ $(grep -c '^clash: ' out.txt) -eq 48 ]] || fail "unexpected clashes: $(cat out.txt)"
+    contains out.txt "48 name clash(es)"
+    expect_rc 0 "$persona" info merged.pers
+    contains out.txt "Name                       - FLEET"
+    contains out.txt "Systems                    - 12"
+    contains out.txt "Sets                       - 33             Elements                    - 210"
+    contains out.txt "Option Records             - 96"
+    contains out.txt "- 68 - Model 68 mobile"
+    contains out.txt "- 103 - Model 103 P25 trunked"
+    # The sample merged with itself: every system, set and option class clashes; writing over
+    # the input keeps it as .bak.
+    cp "$sample" copy.pers
+    expect_rc 0 "$persona" merge copy.pers "$sample" -o copy.pers
+    [[ $(grep -c '^clash: system ' out.txt) -eq 12 ]] || fail "expected 12 system clashes"
+    [[ $(grep -c '^clash: set ' out.txt) -eq 33 ]] || fail "expected 33 set clashes"
+    contains out.txt "clash: set conv METRO"
+    contains out.txt "clash: system KVX METRO"
+    same_file copy.pers.bak "$sample"
+    expect_rc 0 "$persona" info copy.pers
+    contains out.txt "Systems                    - 24"
+    ;;
+  commands)
+    expect_rc 0 "$persona" --help
+    contains out.txt "Exit codes:"
+    for cmd in report info export import diff merge set new; do contains out.txt "$cmd"; done
+    expect_rc 0 "$persona" info "$sample"
+    same_file out.txt "$expected/sample_info.txt"
+    expect_rc 0 "$persona" new --radio-type 103 -o new.pers
+    expect_rc 0 "$persona" info new.pers
+    contains out.txt "Option Records             - 48"
+    contains out.txt "Systems                    - 0"
+    expect_rc 0 "$persona" set export "$sample" --kind conv --name metro --dir sets
+    [[ -s sets/METRO.CVS ]] || fail "sets/METRO.CVS not written"
+    expect_rc 0 "$persona" set export "$sample" --kind 0 --name T-NORTH --dir sets
+    [[ -s sets/T-NORTH.TRS ]] || fail "sets/T-NORTH.TRS not written"
+    expect_rc 64 "$persona" set export "$sample" --kind conv --name NOSUCH --dir sets
+    expect_rc 64 "$persona" set export "$sample" --kind nosuch --name METRO --dir sets
+    ;;
+  exit_codes)
+    expect_rc 64 "$persona"
+    expect_rc 64 "$persona" nosuch
+    expect_rc 64 "$persona" diff only-one.pers
+    expect_rc 64 "$persona" new --radio-type 2 -o never.pers
+    [[ -e never.pers ]] && fail "new with an unknown radio type wrote a file"
+    expect_rc 2 "$persona" info missing.pers
+    contains err.txt "missing.pers"
+    head -c 300 "$sample" >cut.pers
+    expect_rc 2 "$persona" report cut.pers
+    contains err.txt "cut.pers: byte 300"
+    expect_rc 2 "$persona" diff "$sample" cut.pers
+    expect_rc 3 "$persona" report -o no-such-folder/report.txt
+    # A failed write leaves the file that was there.
+    mkdir locked && cp "$sample" locked/keep.pers && chmod a-w locked
+    if [[ ! -w locked ]]; then
+      expect_rc 3 "$persona" merge "$sample" "$sample" -o locked/keep.pers
+      same_file locked/keep.pers "$sample"
+    fi
+    chmod u+w locked
+    ;;
+  *)
+    fail "unknown case $case_name"
+    ;;
+esac
+
+[[ $failures -eq 0 ]] || exit 1
+echo "ok: $case_name"

@@ -1,0 +1,38 @@
+// persona report [FILE] [-o OUT]: the report of a personality file, or of the bundled sample.
+#include "command.h"
+#include "embedded_sample.h"
+#include "framework/exceptions.h"
+#include "report/personality_report.h"
+
+namespace persona::cli {
+
+void RegisterReport(Context& context) {
+  struct Args {
+    std::string file;
+    std::string output;
+  };
+  auto args = std::make_shared<Args>();
+  CLI::App* cmd = context.App().add_subcommand(
+      "report",
+      "Print the report of a personality: title, options, systems, then the sets by kind. "
+      "Without FILE, the report of the bundled sample personality.");
+  cmd->add_option("FILE", args->file, "Personality file (default: the bundled sample)");
+  cmd->add_option("-o,--output", args->output, "Write the report to OUT instead of stdout");
+  cmd->callback([args] {
+    LoadedPersonality loaded;
+    if (args->file.empty()) {
+      try {
+        loaded = LoadPersonalityBytes(kEmbeddedSample, kEmbeddedSampleSize, "<bundled sample>");
+      } catch (const CException& e) {
+        throw InputError(e.what());
+      }
+    } else {
+      loaded = LoadInput(args->file);
+    }
+    CStringArray lines;
+    PrintPersonalityReport(*loaded.personality, lines);
+    WriteText(args->output, JoinLines(lines));
+  });
+}
+
+}  // namespace persona::cli

@@ -1,0 +1,65 @@
+// The command framework of the persona tool. Each command lives in its own cmd_<name>.cpp and
+// defines one Register<Name>(Context&) function that adds its CLI11 subcommand; commands.def
+// lists the registration functions (one line per command). Commands do their work through the
+// library and report problems by throwing the failures below, which main turns into the exit
+// codes documented in `persona --help`.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <stdexcept>
+#include <string>
+
+#include "framework/collections.h"
+#include "io/json/record_json.h"
+#include "io/personality_file.h"
+
+namespace persona::cli {
+
+// Exit codes of the tool.
+enum ExitCode : int {
+  kExitOk = 0,          // done; for diff: the files are equal
+  kExitDifferent = 1,   // diff: the files differ
+  kExitUnreadable = 2,  // an input file cannot be read or is damaged
+  kExitUnwritable = 3,  // an output file cannot be written (the old file is intact)
+  kExitUsage = 64,      // the command line is wrong
+};
+
+// An input that cannot be read, an output that cannot be written, a wrong argument.
+struct InputError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+struct OutputError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+struct UsageError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+// What a command registers itself on, and where it leaves its exit code.
+class Context {
+ public:
+  explicit Context(CLI::App& app) : m_app(app) {}
+  CLI::App& App() { return m_app; }
+  // The subcommand group name (e.g. "set"), made on first use with description.
+  CLI::App* Group(const std::string& name, const std::string& description);
+  int exitCode = kExitOk;
+
+ private:
+  CLI::App& m_app;
+};
+
+// Loads the personality file at path (InputError with the library's message on failure). A
+// file with unread bytes after the personality loads, with a warning on standard error.
+LoadedPersonality LoadInput(const std::string& path);
+// Loads a personality JSON document (InputError on failure).
+std::unique_ptr<CPersonality> LoadJsonInput(const std::string& path);
+// Writes the personality file atomically; an existing file at path is kept as path.bak
+// (OutputError on failure).
+void SaveOutput(const std::string& path, const CPersonality& personality);
+// Writes text to path atomically (an existing file kept as path.bak), or to standard output
+// when path is empty or "-" (OutputError on failure).
+void WriteText(const std::string& path, const std::string& text);
+// The lines joined, each ending in '\n'.
+std::string JoinLines(const CStringArray& lines);
+
+}  // namespace persona::cli
