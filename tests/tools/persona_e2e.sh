@@ -134,6 +134,59 @@ case "$case_name" in
     expect_rc 64 "$persona" set export "$sample" --kind conv --name NOSUCH --dir sets
     expect_rc 64 "$persona" set export "$sample" --kind nosuch --name METRO --dir sets
     ;;
+  integrity)
+    # check: the sample has no errors; a name that points at nothing is an error with its code
+    # and path; bytes after the personality are a warning; an unreadable file is exit 2.
+    expect_rc 0 "$persona" check "$sample"
+    contains out.txt "0 error(s)"
+    expect_rc 0 "$persona" export "$sample" -o sample.json
+    sed 's/"GroupSetName": "G-METRO"/"GroupSetName": "G-NOSUCH"/' sample.json >broken.json
+    expect_rc 0 "$persona" import broken.json -o broken.pers
+    expect_rc 1 "$persona" check broken.pers
+    contains out.txt "error REF_SET_MISSING systems/KVX METRO/GroupSetName"
+    contains out.txt "1 error(s)"
+    expect_rc 1 "$persona" check broken.pers --json
+    contains out.txt '"code": "REF_SET_MISSING"'
+    cp "$sample" trailing.pers && printf 'junk' >>trailing.pers
+    expect_rc 0 "$persona" check trailing.pers
+    contains out.txt "warning FILE_TRAILING_BYTES file: 4 bytes"
+    expect_rc 2 "$persona" check missing.pers
+    # prune: a dry run lists what goes and writes nothing; a real run writes what it listed.
+    expect_rc 0 "$persona" prune "$sample" --dry-run -o never.pers
+    contains out.txt "removed set conv NORTH"
+    contains out.txt "dry run: nothing written"
+    [[ -e never.pers ]] && fail "prune --dry-run wrote a file"
+    expect_rc 64 "$persona" prune "$sample"
+    expect_rc 0 "$persona" prune "$sample" -o pruned.pers
+    contains out.txt "removed set eagroup E-NORTH"
+    expect_rc 0 "$persona" prune pruned.pers --dry-run
+    contains out.txt "0 record(s) removed"
+    expect_rc 0 "$persona" prune "$sample" --radio-type 74 --dry-run
+    contains out.txt "removed system CConvSystem CNV METRO"
+    contains out.txt "removed set conv METRO"
+    # rename carries the new name into every record that names the set.
+    expect_rc 0 "$persona" rename "$sample" --set conv metro DOWNTOWN -o renamed.pers
+    contains out.txt "renamed conv set metro to DOWNTOWN"
+    expect_rc 1 "$persona" diff "$sample" renamed.pers
+    contains out.txt 'changed Systems/CNV METRO/ConvSetName: "METRO" -> "DOWNTOWN"'
+    expect_rc 0 "$persona" check renamed.pers
+    contains out.txt "0 error(s)"
+    expect_rc 64 "$persona" rename "$sample" --system NOSUCH OTHER -o never.pers
+    [[ -e never.pers ]] && fail "a refused rename wrote a file"
+    # set refresh: SOUTH marked global takes the content of its file; METRO, marked global
+    # without a file, stays local with the message.
+    sed -e '/"Name": "SOUTH",/,/"Scope"/ s/"Scope": 0/"Scope": 1/' \
+        -e '/"Name": "METRO",/,/"Scope"/ s/"Scope": 0/"Scope": 1/' sample.json >global.json
+    expect_rc 0 "$persona" import global.json -o global.pers
+    expect_rc 0 "$persona_sample" --channels 47 -o smaller.pers
+    expect_rc 0 "$persona" set export smaller.pers --kind conv --name south --dir sets
+    mv sets/SOUTH.CVS sets/south.cvs
+    expect_rc 0 "$persona" set refresh global.pers --dir sets -o refreshed.pers
+    contains out.txt "Global Conv set METRO not found, using local copy"
+    expect_rc 1 "$persona" diff global.pers refreshed.pers
+    contains out.txt 'removed ConvSets/SOUTH/Elements/15: {"$class":"CConvChannel","Name":"MUTL 2"'
+    contains out.txt 'changed ConvSets/METRO/Scope: 1 -> 0'
+    ;;
   exit_codes)
     expect_rc 64 "$persona"
     expect_rc 64 "$persona" nosuch

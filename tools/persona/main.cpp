@@ -23,8 +23,8 @@ void (*const kCommands[])(Context&) = {
 };
 
 const char* const kFooter = R"(Exit codes:
-  0   done (diff: the files are equal)
-  1   diff: the files differ
+  0   done (diff: the files are equal; check: no errors)
+  1   diff: the files differ; check: the file has errors
   2   an input file cannot be read or is damaged (the message names the file and byte offset)
   3   an output file cannot be written (the file that was there is left intact)
   64  the command line is wrong

@@ -198,6 +198,7 @@ struct Builder {
         ea->Add(g);
       }
       NameGroups(ea);
+      for (CObject* key : keys) ea->AddEsk(static_cast<CEskData*>(key));
 
       auto* p25 = NewSet(new CP25GroupSet(rt, 0), SetName("P", i), P25GroupSetType);
       for (int j = 0; j < spec.groupsPerSet; ++j) {

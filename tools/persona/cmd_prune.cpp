@@ -1,0 +1,105 @@
+// persona prune FILE [--radio-type N] [--dry-run] -o OUT: strips the systems the radio type
+// cannot use and the sets nothing names, listing what goes.
+#include <unordered_set>
+
+#include "command.h"
+#include "report/personality_ops.h"
+#include "systems/system.h"
+
+namespace persona::cli {
+
+namespace {
+
+// Every system and set of a personality with what to call it when it is removed.
+struct Inventory {
+  std::vector<std::pair<const CObject*, std::string>> records;
+  std::vector<std::string> optionClasses;
+};
+
+Inventory Take(const CPersonality& p) {
+  Inventory inv;
+  for (int i = 0; i < p.GetNumSystems(); ++i) {
+    const CSystem* s = p.GetSystemAt(i);
+    inv.records.emplace_back(s,
+                             std::string("system ") + s->GetClassName() + " " + s->GetName().str());
+  }
+  for (int t = 0; t < kNumSetTypes; ++t) {
+    const auto type = static_cast<SetType>(t);
+    for (int i = 0; i < p.GetNumSets(type); ++i) {
+      const CSet* set = p.GetSetAt(i, type);
+      inv.records.emplace_back(set,
+                               std::string("set ") + SetKindKey(type) + " " + set->GetName().str());
+    }
+  }
+  for (int i = 0; i < p.GetNumOptions(); ++i) {
+    inv.optionClasses.push_back(p.GetOptionAt(i)->GetClassName());
+  }
+  return inv;
+}
+
+std::string Removed(const Inventory& before, const Inventory& after) {
+  std::unordered_set<const CObject*> kept;
+  for (const auto& r : after.records) kept.insert(r.first);
+  std::string text;
+  std::size_t n = 0;
+  for (const auto& r : before.records) {
+    if (kept.count(r.first)) continue;
+    text += "removed " + r.second + "\n";
+    ++n;
+  }
+  std::unordered_multiset<std::string> options(after.optionClasses.begin(),
+                                               after.optionClasses.end());
+  for (const std::string& cls : before.optionClasses) {
+    const auto it = options.find(cls);
+    if (it != options.end()) {
+      options.erase(it);
+      continue;
+    }
+    text += "removed option " + cls + "\n";
+    ++n;
+  }
+  return text + std::to_string(n) + " record(s) removed\n";
+}
+
+}  // namespace
+
+void RegisterPrune(Context& context) {
+  struct Args {
+    std::string file;
+    std::string output;
+    int radioType = -1;
+    bool dryRun = false;
+  };
+  auto args = std::make_shared<Args>();
+  CLI::App* cmd = context.App().add_subcommand(
+      "prune",
+      "Remove what the personality's radio model cannot use (whole kinds of systems, by the "
+      "last radio type or --radio-type) and every set that no system names, carrying each "
+      "removal into the records that named it. Lists what is removed; with --dry-run nothing "
+      "is written.");
+  cmd->add_option("FILE", args->file, "Personality file")->required();
+  cmd->add_option("--radio-type", args->radioType,
+                  "Radio type code to prune for (also becomes the last radio)")
+      ->check(CLI::Range(0, 65535));
+  cmd->add_flag("--dry-run", args->dryRun, "List what would be removed; write nothing");
+  cmd->add_option("-o,--output", args->output, "Personality file to write");
+  cmd->callback([args] {
+    if (args->output.empty() && !args->dryRun) {
+      throw UsageError("prune needs -o OUT (or --dry-run)");
+    }
+    LoadedPersonality loaded = LoadInput(args->file);
+    CPersonality& p = *loaded.personality;
+    if (args->radioType >= 0) p.SetLastRadio(static_cast<unsigned short>(args->radioType));
+    const Inventory before = Take(p);
+    p.RemoveUnusedSystemsAndSets();
+    std::string text = Removed(before, Take(p));
+    if (args->dryRun) {
+      text += "dry run: nothing written\n";
+    } else {
+      SaveOutput(args->output, p);
+    }
+    WriteText("-", text);
+  });
+}
+
+}  // namespace persona::cli
