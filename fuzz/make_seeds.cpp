@@ -220,8 +220,12 @@ int main(int argc, char** argv) {
   personalities.emplace_back("sets_and_systems", RichPersonality(1, false));
   personalities.emplace_back("everything", RichPersonality(2, true));
   for (auto& [name, p] : personalities) {
-    WriteBytes(dir + "/personality/" + name + ".pers", StorePersonalityBytes(*p));
-    WriteFile(dir + "/json/" + name + ".json", ExportPersonalityJson(*p).dump(1));
+    // Stored as a load gives it back (load repairs applied), so that each seed is a file
+    // that loads and stores back byte for byte.
+    const std::vector<BYTE> first = StorePersonalityBytes(*p);
+    const LoadedPersonality loaded = LoadPersonalityBytes(first.data(), first.size(), name);
+    WriteBytes(dir + "/personality/" + name + ".pers", StorePersonalityBytes(*loaded.personality));
+    WriteFile(dir + "/json/" + name + ".json", ExportPersonalityJson(*loaded.personality).dump(1));
   }
   for (int t = 0; t < kNumSetTypes; ++t) {
     const SetType type = static_cast<SetType>(t);

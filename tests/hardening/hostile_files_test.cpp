@@ -200,13 +200,13 @@ std::unique_ptr<CPersonality> SmallPersonality() {
 // The new-class tag that introduces cls: 0xFFFF, schema, name length, name.
 Bytes NewClassTag(const CRuntimeClass* cls) {
   const std::string name = cls->m_lpszClassName;
-  Bytes tag = {0xFF,
-               0xFF,
-               static_cast<BYTE>(cls->GetSchema()),
-               static_cast<BYTE>(cls->GetSchema() >> 8),
-               static_cast<BYTE>(name.size()),
-               0x00};
-  tag.insert(tag.end(), name.begin(), name.end());
+  Bytes tag(6 + name.size());
+  tag[0] = 0xFF;
+  tag[1] = 0xFF;
+  tag[2] = static_cast<BYTE>(cls->GetSchema());
+  tag[3] = static_cast<BYTE>(cls->GetSchema() >> 8);
+  tag[4] = static_cast<BYTE>(name.size());
+  std::copy(name.begin(), name.end(), tag.begin() + 6);
   return tag;
 }
 
