@@ -2,12 +2,14 @@
 # Installs the Debian packages the build needs, when they are missing.
 #   scripts/install-deps.sh          library, tests and tool
 #   scripts/install-deps.sh bench    also the benchmark packages
+#   scripts/install-deps.sh fuzz     also clang and its sanitizer and libFuzzer runtimes
 set -euo pipefail
 
 packages=(cmake ninja-build g++ libgtest-dev libgmock-dev nlohmann-json3-dev libcli11-dev)
-if [[ "${1:-}" == "bench" ]]; then
-  packages+=(libbenchmark-dev libboost-serialization-dev)
-fi
+case "${1:-}" in
+  bench) packages+=(libbenchmark-dev libboost-serialization-dev) ;;
+  fuzz) packages+=(clang libclang-rt-14-dev) ;;
+esac
 
 missing=()
 for p in "${packages[@]}"; do

@@ -317,7 +317,8 @@ class CPersonality : public CSerial {
   // Header text, radio types, ten lists, the header fields, then the P25 group, P25
   // conventional and extended-addressing group set lists. Loading reads the last three by the
   // stored schema (2 and 3 on) and applies the load repairs; archive faults propagate
-  // (CArchiveException) and leave what was read so far, which the caller should Delete.
+  // (CArchiveException) and leave the personality emptied as by Delete (no systems, sets,
+  // options or key records; header fields may hold what was read).
   void Serialize(CArchive& ar) override;
 
   // The header fields and the lists, in declaration order (run-time access; Serialize has its

@@ -40,8 +40,9 @@ void CPersonality::Serialize(CArchive& ar) {
   try {
     LoadFrom(ar);
   } catch (...) {
-    AdoptShared(ar);  // what was read so far keeps valid key pointers
-    InvalidateIndexes();
+    // A load that fails half-way leaves the personality empty rather than half-read. The key
+    // records read so far stay in the archive's pool, which frees them.
+    Delete();
     throw;
   }
   AdoptShared(ar);

@@ -301,10 +301,6 @@ const CRuntimeClass* CArchive::ReadNewClass(UINT* schema) {
 }
 
 CObject* CArchive::ReadNewObject(const CRuntimeClass* cls, UINT schema, bool shared) {
-  if (m_depth >= kMaxObjectDepth) {
-    ThrowFailure(CArchiveException::genericException,
-                 "records nested more than " + std::to_string(kMaxObjectDepth) + " levels deep");
-  }
   std::unique_ptr<CObject> obj(cls->CreateObject());
   if (!obj)
     ThrowFailure(CArchiveException::badClass,
@@ -396,6 +392,11 @@ CObject* CArchive::ReadObjectTag(const CRuntimeClass* requested, bool shared, bo
     throw CArchiveException(CArchiveException::badClass, m_name, at,
                             "a " + std::string(cls->m_lpszClassName) + " where a " +
                                 requested->m_lpszClassName + " is expected");
+  }
+  if (m_depth >= kMaxObjectDepth) {
+    throw CArchiveException(CArchiveException::genericException, m_name, at,
+                            "a " + std::string(cls->m_lpszClassName) + " nested more than " +
+                                std::to_string(kMaxObjectDepth) + " levels deep");
   }
   *isNew = true;
   return ReadNewObject(cls, schema, shared);

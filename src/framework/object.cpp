@@ -44,6 +44,14 @@ void CRuntimeClass::Register(const CRuntimeClass* cls) {
   Registry().emplace(std::string_view(cls->m_lpszClassName), cls);
 }
 
+std::vector<const CRuntimeClass*> CRuntimeClass::RegisteredClasses() {
+  EnsureClassesRegistered();
+  std::vector<const CRuntimeClass*> out;
+  out.reserve(Registry().size());
+  for (const auto& entry : Registry()) out.push_back(entry.second);
+  return out;
+}
+
 const CRuntimeClass* CRuntimeClass::FromName(const char* className) {
   EnsureClassesRegistered();
   const auto& registry = Registry();

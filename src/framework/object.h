@@ -3,6 +3,8 @@
 // archive is read, and the DECLARE_SERIAL / IMPLEMENT_SERIAL / RUNTIME_CLASS macros.
 #pragma once
 
+#include <vector>
+
 #include "framework/types.h"
 
 namespace persona {
@@ -42,6 +44,9 @@ struct CRuntimeClass {
   static const CRuntimeClass* FromName(const char* className);
   // Adds a class to the registry (a second class of the same name is ignored).
   static void Register(const CRuntimeClass* cls);
+  // Returns every registered class (not owned), in no particular order, after making sure
+  // every record class is registered; for tools that list the classes.
+  static std::vector<const CRuntimeClass*> RegisteredClasses();
 };
 
 // Makes sure every record class of the library is registered for creation by name. Defined

@@ -1,6 +1,8 @@
 // Personality files as whole files: a load reads the file in one piece and builds the
 // personality from memory; a save stores it to memory and writes the file atomically (a failed
 // save leaves the file that was there byte for byte, optionally keeping it as FILE.bak).
+// A failed load never touches a personality the caller already has: it either returns a
+// complete new one or raises.
 #pragma once
 
 #include <cstddef>
@@ -22,8 +24,14 @@ struct LoadedPersonality {
 };
 
 // Builds the personality stored in bytes; name is the file name used in failure messages.
-// A damaged file raises CArchiveException (cause, name, byte offset); whatever was read before
-// the fault is released, nothing leaks.
+// Returns a new personality that the caller owns, with the file size and the number of
+// trailing bytes after the personality (read by nothing; a checker reports them).
+// A damaged file raises CArchiveException (cause, name, byte offset) and hands over nothing:
+// every record read before the fault is released, nothing leaks or dangles, and the caller's
+// own personality (if any) is unchanged. Counts and string lengths beyond the bytes left are
+// refused before anything is allocated for them, records nested deeper than
+// CArchive::kMaxObjectDepth are refused, and so is any record of a class its place does not
+// expect (badClass).
 LoadedPersonality LoadPersonalityBytes(const BYTE* data, std::size_t size, const std::string& name);
 // Reads the file at path in one piece and loads it. Throws CFileException when the file cannot
 // be read and CArchiveException when it is damaged.
@@ -31,8 +39,11 @@ LoadedPersonality LoadPersonalityFile(const std::string& path);
 
 // The bytes of the personality file of personality.
 std::vector<BYTE> StorePersonalityBytes(const CPersonality& personality);
-// Writes the personality file atomically; with keepBackup the file being replaced is kept as
-// "<path>.bak". Throws CFileException; on failure the file at path is unchanged.
+// Writes the personality file atomically (a temporary file in the same folder, flushed to
+// disk and renamed over path); with keepBackup the file being replaced is kept as
+// "<path>.bak". Throws CFileException naming the file and the system's reason when any step
+// fails (disk full, size limit, permissions); the file at path is then byte for byte what it
+// was and no temporary file is left.
 void SavePersonalityFile(const std::string& path, const CPersonality& personality,
                          bool keepBackup = false);
 
