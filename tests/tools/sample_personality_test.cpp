@@ -50,10 +50,10 @@ TEST(SamplePersonality, SameSpecSameBytesThroughALoad) {
 }
 
 TEST(SamplePersonality, ChannelsSpreadOverSetsOfAtMost4096) {
-  SampleSpec spec;
-  spec.conventionalChannels = 10000;
-  spec.channelsPerSet = 5000;  // clamped to 4096
-  std::unique_ptr<CPersonality> p = BuildSamplePersonality(spec);
+  SampleSpec shape;
+  shape.conventionalChannels = 10000;
+  shape.channelsPerSet = 5000;  // clamped to 4096
+  std::unique_ptr<CPersonality> p = BuildSamplePersonality(shape);
   ASSERT_EQ(p->GetNumSets(ConvSetType), 3);
   EXPECT_EQ(p->GetSetAt(0, ConvSetType)->GetSize(), 4096);
   EXPECT_EQ(p->GetSetAt(1, ConvSetType)->GetSize(), 4096);

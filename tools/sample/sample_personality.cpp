@@ -67,7 +67,7 @@ CString PersonName(int j) {
 double RxFrequency(int k) { return 851.0125 + 0.0125 * (k % 1500); }
 
 struct Builder {
-  const SampleSpec& spec;
+  const SampleSpec& shape;
   CPersonality& p;
   unsigned short rt;
   int sets;     // sets of every kind
@@ -77,7 +77,7 @@ struct Builder {
     return CString::Formatted("%s%s", prefix, RegionName(i).c_str());
   }
   // The set that system s of a kind uses.
-  int SetOfSystem(int s) const { return std::min(s * spec.setsPerSystem, sets - 1); }
+  int SetOfSystem(int s) const { return std::min(s * shape.setsPerSystem, sets - 1); }
 
   template <class S>
   S* NewSet(S* set, const CString& name, SetType type) {
@@ -87,8 +87,8 @@ struct Builder {
   }
 
   void AddConventionalSets() {
-    const int perSet = std::clamp(spec.channelsPerSet, 1, 4096);
-    int left = std::max(spec.conventionalChannels, 0);
+    const int perSet = std::clamp(shape.channelsPerSet, 1, 4096);
+    int left = std::max(shape.conventionalChannels, 0);
     for (int i = 0; i < sets; ++i) {
       auto* set = NewSet(new CConvSet(rt, 0), SetName("", i), ConvSetType);
       set->SetTxMinFreq(806.0);
@@ -125,9 +125,9 @@ struct Builder {
       set->SetRxMinFreq(851.0);
       set->SetRxMaxFreq(870.0);
       set->SetP25GroupSet(SetName("P", i));
-      for (int j = 0; j < spec.groupsPerSet; ++j) {
+      for (int j = 0; j < shape.groupsPerSet; ++j) {
         auto* ch = new CP25ConvChannel(rt, 0);
-        const int k = 1000 + i * spec.groupsPerSet + j;
+        const int k = 1000 + i * shape.groupsPerSet + j;
         ch->SetName(ElementName(j));
         ch->SetRxFreq(RxFrequency(k));
         ch->SetTxFreq(RxFrequency(k) - 45.0);
@@ -148,8 +148,8 @@ struct Builder {
       set->SetRxMinFreq(851.0);
       set->SetRxMaxFreq(870.0);
       set->SetSiteId(static_cast<WORD>(i + 1));
-      set->SetMaxChan(static_cast<WORD>(spec.trunkChannelsPerSet));
-      for (int j = 0; j < spec.trunkChannelsPerSet; ++j) {
+      set->SetMaxChan(static_cast<WORD>(shape.trunkChannelsPerSet));
+      for (int j = 0; j < shape.trunkChannelsPerSet; ++j) {
         auto* ch = new CTrunkChannel(rt, 0);
         const int k = 600 + i * 40 + j * 3;
         ch->SetRxFreq(RxFrequency(k));
@@ -164,7 +164,7 @@ struct Builder {
   template <class G>
   void FillGroup(G* g, int i, int j) {
     g->SetName(ElementName(j));
-    g->SetGrpId(static_cast<WORD>(16 * (i * spec.groupsPerSet + j + 1)));
+    g->SetGrpId(static_cast<WORD>(16 * (i * shape.groupsPerSet + j + 1)));
     g->SetTx(1);
     g->SetRx(1);
     g->SetScan(j % 4 != 3);
@@ -181,7 +181,7 @@ struct Builder {
   void AddGroupSets(const CObList& keys) {
     for (int i = 0; i < sets; ++i) {
       auto* set = NewSet(new CGroupSet(rt, 0, GroupSetType), SetName("G-", i), GroupSetType);
-      for (int j = 0; j < spec.groupsPerSet; ++j) {
+      for (int j = 0; j < shape.groupsPerSet; ++j) {
         auto* g = new CGroup(rt, 0);
         FillGroup(g, i, j);
         set->Add(g);
@@ -190,7 +190,7 @@ struct Builder {
       for (CObject* key : keys) set->AddEsk(static_cast<CEskData*>(key));
 
       auto* ea = NewSet(new CExtAddGroupSet(rt, 0), SetName("E-", i), EaGroupSetType);
-      for (int j = 0; j < spec.groupsPerSet; ++j) {
+      for (int j = 0; j < shape.groupsPerSet; ++j) {
         auto* g = new CExtAddGroup(rt, 0);
         FillGroup(g, i, j);
         g->SetEaGrpId(static_cast<DWORD>(0x10000 + 256 * i + j));
@@ -201,7 +201,7 @@ struct Builder {
       for (CObject* key : keys) ea->AddEsk(static_cast<CEskData*>(key));
 
       auto* p25 = NewSet(new CP25GroupSet(rt, 0), SetName("P", i), P25GroupSetType);
-      for (int j = 0; j < spec.groupsPerSet; ++j) {
+      for (int j = 0; j < shape.groupsPerSet; ++j) {
         auto* g = new CP25Group(rt, 0);
         g->SetName(ElementName(j));
         g->SetGrpId(static_cast<DWORD>(100 + i * 100 + j));
@@ -215,7 +215,7 @@ struct Builder {
       NameGroups(p25);
 
       auto* plm = NewSet(new CPlmGroupSet(rt, 0), SetName("M-", i), PlmGroupSetType);
-      for (int j = 0; j < spec.groupsPerSet; ++j) {
+      for (int j = 0; j < shape.groupsPerSet; ++j) {
         auto* g = new CPlmGroup(rt, 0);
         g->SetName(ElementName(j));
         g->SetTone(0, static_cast<WORD>(1 + (i + j) % 30));
@@ -233,7 +233,7 @@ struct Builder {
       auto* plmcalls = NewSet(new CPlmSpCallSet(rt, 0), SetName("MS-", i), PlmSpCallSetType);
       spcalls->SetLidLow(static_cast<WORD>(1000 * (i + 1)));
       spcalls->SetLidHigh(static_cast<WORD>(1000 * (i + 1) + 999));
-      for (int j = 0; j < spec.callsPerSet; ++j) {
+      for (int j = 0; j < shape.callsPerSet; ++j) {
         auto* phone = new CPhoneCall(rt, 0);
         phone->SetName(PersonName(j));
         phone->SetNumber(CString::Formatted("555%04d", 100 * (i + 1) + j));
@@ -419,22 +419,22 @@ struct Builder {
 
 }  // namespace
 
-std::unique_ptr<CPersonality> BuildSamplePersonality(const SampleSpec& spec) {
-  auto p = std::make_unique<CPersonality>(spec.radioType, 0);
+std::unique_ptr<CPersonality> BuildSamplePersonality(const SampleSpec& shape) {
+  auto p = std::make_unique<CPersonality>(shape.radioType, 0);
   p->SetName("SAMPLE COUNTY");
   p->SetDescription("County public safety fleet: trunked, conventional and P25 systems");
   p->SetSavedOn("2026-03-14 09:30");
   p->SetSavedBy("persona sample generator");
-  p->AddRadioType(static_cast<unsigned short>(spec.radioType + 1));
+  p->AddRadioType(static_cast<unsigned short>(shape.radioType + 1));
   p->SetTxMinFreq(806.0);
   p->SetTxMaxFreq(825.0);
   p->SetRxMinFreq(851.0);
   p->SetRxMaxFreq(870.0);
 
-  const int perSet = std::clamp(spec.channelsPerSet, 1, 4096);
-  const int sets = std::max(1, (std::max(spec.conventionalChannels, 0) + perSet - 1) / perSet);
-  const int perSystem = std::max(spec.setsPerSystem, 1);
-  Builder b{spec, *p, spec.radioType, sets, (sets + perSystem - 1) / perSystem};
+  const int perSet = std::clamp(shape.channelsPerSet, 1, 4096);
+  const int sets = std::max(1, (std::max(shape.conventionalChannels, 0) + perSet - 1) / perSet);
+  const int perSystem = std::max(shape.setsPerSystem, 1);
+  Builder b{shape, *p, shape.radioType, sets, (sets + perSystem - 1) / perSystem};
   b.AddSystems();
   CObList keys;
   p->GetSharedEskList(keys);  // the keys of the trunked systems, kept by the personality

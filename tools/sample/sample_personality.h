@@ -27,9 +27,9 @@ struct SampleSpec {
   int setsPerSystem = 2;
 };
 
-// Builds the sample personality described by spec. The same spec gives the same personality
+// Builds the sample personality described by shape. The same shape gives the same personality
 // (and the same file bytes) every time. The caller owns the result; nothing throws except
 // std::bad_alloc.
-std::unique_ptr<CPersonality> BuildSamplePersonality(const SampleSpec& spec = SampleSpec());
+std::unique_ptr<CPersonality> BuildSamplePersonality(const SampleSpec& shape = SampleSpec());
 
 }  // namespace persona
