@@ -201,7 +201,7 @@ bool WriteSet(CSet* set, CString path, bool confirmOverwrite) {
     return false;
   }
   CArchive ar(nullptr, CArchive::store);
-  ar.WriteObject(set);
+  ar.WriteOwnedObject(set);
   const std::vector<BYTE> bytes = ar.TakeStoredBytes();
   try {
     WriteFileAtomically(path.str(), bytes);

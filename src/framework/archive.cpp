@@ -1,6 +1,8 @@
 // CArchive: primitives, strings, counts and the object table.
 #include "framework/archive.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <limits>
 
 #include "framework/codepage.h"
@@ -68,13 +70,13 @@ void CArchive::ThrowEnd(std::size_t wanted, const char* what) const {
 void CArchive::Flush() {
   if (m_loading || m_file == nullptr) return;
   std::size_t done = 0;
-  while (done < m_out.size()) {
-    const UINT chunk = static_cast<UINT>(std::min<std::size_t>(m_out.size() - done, 1u << 30));
+  while (done < m_outLength) {
+    const UINT chunk = static_cast<UINT>(std::min<std::size_t>(m_outLength - done, 1u << 30));
     m_file->Write(m_out.data() + done, chunk);
     done += chunk;
   }
-  m_base += m_out.size();
-  m_out.clear();
+  m_base += m_outLength;
+  m_outLength = 0;
 }
 
 void CArchive::Close() {
@@ -87,14 +89,29 @@ void CArchive::Close() {
 }
 
 void CArchive::Abort() {
-  m_out.clear();
+  m_outLength = 0;
   m_file = nullptr;
 }
 
 std::vector<BYTE> CArchive::TakeStoredBytes() {
+  m_out.resize(m_outLength);
   std::vector<BYTE> out;
   out.swap(m_out);
+  m_outLength = 0;
   return out;
+}
+
+void CArchive::GrowOutput(std::size_t more) {
+  std::size_t capacity = std::max<std::size_t>(m_out.size(), 4096);
+  while (capacity - m_outLength < more) capacity *= 2;
+  m_out.resize(capacity);
+}
+
+void CArchive::Append(const void* bytes, std::size_t count) {
+  if (count == 0) return;
+  if (m_out.size() - m_outLength < count) GrowOutput(count);
+  std::memcpy(m_out.data() + m_outLength, bytes, count);
+  m_outLength += count;
 }
 
 UINT CArchive::Read(void* buffer, UINT count) {
@@ -116,8 +133,7 @@ void CArchive::ReadExact(void* buffer, std::size_t count, const char* what) {
 
 void CArchive::Write(const void* buffer, UINT count) {
   if (m_loading) ThrowFailure(CArchiveException::readOnly, "write to an archive that is loading");
-  const auto* p = static_cast<const BYTE*>(buffer);
-  m_out.insert(m_out.end(), p, p + count);
+  Append(buffer, count);
 }
 
 // ---- counts and strings ---------------------------------------------------------------------
@@ -168,9 +184,7 @@ CArchive& CArchive::operator<<(const CString& s) {
     Put<DWORD>(0xFFFFFFFFu);
     Put<ULONGLONG>(n);
   }
-  const std::size_t at = m_out.size();
-  m_out.resize(at + s.str().size());
-  if (!s.str().empty()) std::memcpy(m_out.data() + at, s.str().data(), s.str().size());
+  Append(s.str().data(), s.str().size());
   return *this;
 }
 
@@ -240,18 +254,66 @@ void CArchive::WriteIndexTag(DWORD index, DWORD flag) {
   }
 }
 
+// ---- the index of a storing archive ----------------------------------------------------------
+
+std::size_t CArchive::PointerIndex::SlotOf(const void* key) const {
+  // Fibonacci hashing of the address (its low bits are alignment, the high bits spread).
+  const auto bits = static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(key));
+  return static_cast<std::size_t>((bits * 0x9E3779B97F4A7C15ull) >> 32) & (m_slots.size() - 1);
+}
+
+DWORD CArchive::PointerIndex::Find(const void* key) const {
+  if (m_slots.empty()) return 0;
+  for (std::size_t i = SlotOf(key);; i = (i + 1) & (m_slots.size() - 1)) {
+    const Slot& slot = m_slots[i];
+    if (slot.key == key) return slot.value;
+    if (slot.key == nullptr) return 0;
+  }
+}
+
+void CArchive::PointerIndex::Insert(const void* key, DWORD value) {
+  if (2 * (m_used + 1) > m_slots.size()) Grow();
+  std::size_t i = SlotOf(key);
+  while (m_slots[i].key != nullptr) i = (i + 1) & (m_slots.size() - 1);
+  m_slots[i] = Slot{key, value};
+  ++m_used;
+}
+
+void CArchive::PointerIndex::Grow() {
+  std::vector<Slot> old(std::max<std::size_t>(2 * m_slots.size(), 1024));
+  old.swap(m_slots);
+  m_used = 0;
+  for (const Slot& slot : old) {
+    if (slot.key != nullptr) Insert(slot.key, slot.value);
+  }
+}
+
+// ---- storing objects ---------------------------------------------------------------------------
+
 void CArchive::WriteClass(const CRuntimeClass* cls) {
-  const auto it = m_storeMap.find(cls);
-  if (it != m_storeMap.end()) {
-    WriteIndexTag(it->second, kBigClassTag);
+  // Records of one class usually follow one another: the last class needs no lookup.
+  const DWORD index = cls == m_lastClass ? m_lastClassIndex : m_storeIndex.Find(cls);
+  if (index != 0) {
+    WriteIndexTag(index, kBigClassTag);
+    m_lastClass = cls;
+    m_lastClassIndex = index;
     return;
   }
   const std::size_t len = std::strlen(cls->m_lpszClassName);
   Put<WORD>(kNewClassTag);
   Put<WORD>(static_cast<WORD>(cls->GetSchema()));
   Put<WORD>(static_cast<WORD>(len));
-  Write(cls->m_lpszClassName, static_cast<UINT>(len));
-  m_storeMap.emplace(cls, m_nextIndex++);
+  Append(cls->m_lpszClassName, len);
+  m_lastClass = cls;
+  m_lastClassIndex = m_nextIndex;
+  m_storeIndex.Insert(cls, m_nextIndex++);
+}
+
+void CArchive::WriteNewObject(const CObject* p, bool indexed) {
+  WriteClass(p->GetRuntimeClass());
+  if (indexed) m_storeIndex.Insert(p, m_nextIndex);
+  ++m_nextIndex;
+  const_cast<CObject*>(p)->Serialize(*this);
 }
 
 void CArchive::WriteObject(const CObject* p) {
@@ -260,19 +322,36 @@ void CArchive::WriteObject(const CObject* p) {
     Put<WORD>(kNullTag);
     return;
   }
-  const auto it = m_storeMap.find(p);
-  if (it != m_storeMap.end()) {
-    WriteIndexTag(it->second, 0);
+  const DWORD index = m_storeIndex.Find(p);
+  if (index != 0) {
+    WriteIndexTag(index, 0);
     return;
   }
-  WriteClass(p->GetRuntimeClass());
-  m_storeMap.emplace(p, m_nextIndex++);
-  const_cast<CObject*>(p)->Serialize(*this);
+  WriteNewObject(p, true);
 }
 
-const CRuntimeClass* CArchive::ReadNewClass(UINT* schema) {
+void CArchive::WriteOwnedObject(const CObject* p) {
+  if (m_loading) ThrowFailure(CArchiveException::readOnly, "write to an archive that is loading");
+  if (p == nullptr) {
+    Put<WORD>(kNullTag);
+    return;
+  }
+  WriteNewObject(p, false);
+}
+
+// ---- loading objects ---------------------------------------------------------------------------
+
+void CArchive::AddLoadEntry(EntryKind kind, std::size_t payload) {
+  if (payload > kPayloadMask) {
+    ThrowFailure(CArchiveException::genericException,
+                 "more than " + std::to_string(kPayloadMask) + " classes or shared records");
+  }
+  m_loadTable.push_back((static_cast<DWORD>(kind) << kKindShift) | static_cast<DWORD>(payload));
+}
+
+DWORD CArchive::ReadNewClass() {
   const std::size_t at = GetPosition() - 2;
-  *schema = Get<WORD>();
+  const UINT schema = Get<WORD>();
   const WORD len = Get<WORD>();
   if (len >= kMaxClassNameLength) {
     throw CArchiveException(CArchiveException::badClass, m_name, at,
@@ -286,42 +365,41 @@ const CRuntimeClass* CArchive::ReadNewClass(UINT* schema) {
     throw CArchiveException(CArchiveException::badClass, m_name, at,
                             "unknown record class \"" + std::string(name) + "\"");
   }
-  if (*schema != cls->GetSchema() && !cls->IsVersionable()) {
+  if (schema != cls->GetSchema() && !cls->IsVersionable()) {
     throw CArchiveException(CArchiveException::badSchema, m_name, at,
-                            std::string(name) + " stored with schema " + std::to_string(*schema) +
+                            std::string(name) + " stored with schema " + std::to_string(schema) +
                                 "; this library reads only schema " +
                                 std::to_string(cls->GetSchema()));
   }
-  LoadEntry entry;
-  entry.cls = cls;
-  entry.schema = *schema;
-  entry.kind = LoadEntry::Class;
-  m_loadTable.push_back(entry);
-  return cls;
+  const std::size_t slot = m_loadClasses.size();
+  AddLoadEntry(kClassEntry, slot);
+  m_loadClasses.push_back(LoadClass{cls, schema});
+  return static_cast<DWORD>(slot);
 }
 
-CObject* CArchive::ReadNewObject(const CRuntimeClass* cls, UINT schema, bool shared) {
-  std::unique_ptr<CObject> obj(cls->CreateObject());
+CObject* CArchive::ReadNewObject(DWORD classSlot, bool shared) {
+  const LoadClass& loadClass = m_loadClasses[classSlot];
+  std::unique_ptr<CObject> obj(loadClass.cls->CreateObject());
   if (!obj)
     ThrowFailure(CArchiveException::badClass,
-                 std::string(cls->m_lpszClassName) + " cannot be created");
+                 std::string(loadClass.cls->m_lpszClassName) + " cannot be created");
   const std::size_t index = m_loadTable.size();
-  LoadEntry entry;
-  entry.cls = cls;
-  entry.obj = obj.get();
-  entry.kind = shared ? LoadEntry::Shared : LoadEntry::Owned;
-  m_loadTable.push_back(entry);
+  if (shared) {
+    AddLoadEntry(kSharedEntry, m_sharedRecords.size());
+    m_sharedRecords.push_back(SharedRecord{obj.get(), classSlot});
+  } else {
+    AddLoadEntry(kOwnedEntry, classSlot);
+  }
 
   const UINT savedSchema = m_objectSchema;
-  m_objectSchema = schema;
+  m_objectSchema = loadClass.schema;
   ++m_depth;
   try {
     obj->Serialize(*this);
   } catch (...) {
     --m_depth;
     m_objectSchema = savedSchema;
-    m_loadTable[index].obj = nullptr;
-    m_loadTable[index].kind = LoadEntry::Dead;
+    m_loadTable[index] = static_cast<DWORD>(kDeadEntry) << kKindShift;
     throw;
   }
   --m_depth;
@@ -333,61 +411,69 @@ CObject* CArchive::ReadNewObject(const CRuntimeClass* cls, UINT schema, bool sha
   return obj.release();
 }
 
+CObject* CArchive::ReadBackReference(DWORD tag, std::size_t at, const CRuntimeClass* requested,
+                                     bool shared) {
+  if (tag >= m_loadTable.size()) {
+    throw CArchiveException(CArchiveException::badIndex, m_name, at,
+                            "reference to entry #" + std::to_string(tag) + ", but only " +
+                                std::to_string(m_loadTable.size() - 1) +
+                                " classes and records were read so far");
+  }
+  const DWORD entry = m_loadTable[tag];
+  const DWORD kind = entry >> kKindShift;
+  const DWORD payload = entry & kPayloadMask;
+  if (kind == kClassEntry) {
+    throw CArchiveException(CArchiveException::badIndex, m_name, at,
+                            "reference to entry #" + std::to_string(tag) +
+                                ", which is a class, where a record is expected");
+  }
+  if (kind == kDeadEntry) {
+    throw CArchiveException(
+        CArchiveException::badIndex, m_name, at,
+        "reference to record #" + std::to_string(tag) + ", which failed to load");
+  }
+  const DWORD classSlot = kind == kSharedEntry ? m_sharedRecords[payload].classSlot : payload;
+  const CRuntimeClass* cls = m_loadClasses[classSlot].cls;
+  if (requested != nullptr && !cls->IsDerivedFrom(requested)) {
+    throw CArchiveException(CArchiveException::badClass, m_name, at,
+                            "reference to a " + std::string(cls->m_lpszClassName) + " where a " +
+                                requested->m_lpszClassName + " is expected");
+  }
+  if (!shared || kind == kOwnedEntry) {
+    throw CArchiveException(CArchiveException::badIndex, m_name, at,
+                            "record #" + std::to_string(tag) + " (" + cls->m_lpszClassName +
+                                ") is stored once and referenced again where a record of "
+                                "its own is expected");
+  }
+  return m_sharedRecords[payload].obj;
+}
+
 CObject* CArchive::ReadObjectTag(const CRuntimeClass* requested, bool shared, bool* isNew) {
   if (!m_loading)
     ThrowFailure(CArchiveException::writeOnly, "read from an archive that is storing");
   *isNew = false;
-  if (m_loadTable.empty()) m_loadTable.emplace_back();  // index 0: null
+  if (m_loadTable.empty()) m_loadTable.push_back(kNullEntry);  // index 0: null
   const std::size_t at = GetPosition();
   const WORD w = Get<WORD>();
-  const CRuntimeClass* cls = nullptr;
-  UINT schema = 0;
+  DWORD classSlot = 0;
   if (w == kNewClassTag) {
-    cls = ReadNewClass(&schema);
+    classSlot = ReadNewClass();
   } else {
     const DWORD tag = w == kBigObjectTag
                           ? Get<DWORD>()
                           : ((static_cast<DWORD>(w & kClassTag) << 16) | (w & kBigObjectTag));
     if ((tag & kBigClassTag) == 0) {
       if (tag == 0) return nullptr;
-      if (tag >= m_loadTable.size()) {
-        throw CArchiveException(CArchiveException::badIndex, m_name, at,
-                                "reference to entry #" + std::to_string(tag) + ", but only " +
-                                    std::to_string(m_loadTable.size() - 1) +
-                                    " classes and records were read so far");
-      }
-      const LoadEntry& e = m_loadTable[tag];
-      if (e.kind == LoadEntry::Class) {
-        throw CArchiveException(CArchiveException::badIndex, m_name, at,
-                                "reference to entry #" + std::to_string(tag) +
-                                    ", which is a class, where a record is expected");
-      }
-      if (e.kind == LoadEntry::Dead) {
-        throw CArchiveException(
-            CArchiveException::badIndex, m_name, at,
-            "reference to record #" + std::to_string(tag) + ", which failed to load");
-      }
-      if (requested != nullptr && !e.obj->IsKindOf(requested)) {
-        throw CArchiveException(CArchiveException::badClass, m_name, at,
-                                "reference to a " + std::string(e.cls->m_lpszClassName) +
-                                    " where a " + requested->m_lpszClassName + " is expected");
-      }
-      if (!shared || e.kind == LoadEntry::Owned) {
-        throw CArchiveException(CArchiveException::badIndex, m_name, at,
-                                "record #" + std::to_string(tag) + " (" + e.cls->m_lpszClassName +
-                                    ") is stored once and referenced again where a record of "
-                                    "its own is expected");
-      }
-      return e.obj;
+      return ReadBackReference(tag, at, requested, shared);
     }
     const DWORD c = tag & ~kBigClassTag;
-    if (c == 0 || c >= m_loadTable.size() || m_loadTable[c].kind != LoadEntry::Class) {
+    if (c == 0 || c >= m_loadTable.size() || (m_loadTable[c] >> kKindShift) != kClassEntry) {
       throw CArchiveException(CArchiveException::badIndex, m_name, at,
                               "class reference #" + std::to_string(c) + " names no class");
     }
-    cls = m_loadTable[c].cls;
-    schema = m_loadTable[c].schema;
+    classSlot = m_loadTable[c] & kPayloadMask;
   }
+  const CRuntimeClass* cls = m_loadClasses[classSlot].cls;
   if (requested != nullptr && !cls->IsDerivedFrom(requested)) {
     throw CArchiveException(CArchiveException::badClass, m_name, at,
                             "a " + std::string(cls->m_lpszClassName) + " where a " +
@@ -399,7 +485,7 @@ CObject* CArchive::ReadObjectTag(const CRuntimeClass* requested, bool shared, bo
                                 std::to_string(kMaxObjectDepth) + " levels deep");
   }
   *isNew = true;
-  return ReadNewObject(cls, schema, shared);
+  return ReadNewObject(classSlot, shared);
 }
 
 std::unique_ptr<CObject> CArchive::ReadOwnedObject(const CRuntimeClass* requested) {

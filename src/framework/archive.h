@@ -9,7 +9,6 @@
 #include <memory>
 #include <string>
 #include <type_traits>
-#include <unordered_map>
 #include <vector>
 
 #include "framework/cstring.h"
@@ -19,6 +18,14 @@
 
 #if defined(__BYTE_ORDER__) && __BYTE_ORDER__ != __ORDER_LITTLE_ENDIAN__
 #error "the archive code assumes a little-endian host"
+#endif
+
+// Hot paths of the archive are forced inline: a record's field list is one long function and
+// the compiler would otherwise stop inlining part-way through it.
+#if defined(__GNUC__)
+#define PERSONA_ALWAYS_INLINE inline __attribute__((always_inline))
+#else
+#define PERSONA_ALWAYS_INLINE inline
 #endif
 
 namespace persona {
@@ -60,11 +67,9 @@ class CArchive {
   void Abort();
 
   // Byte offset of the next byte to read or write, from the start of the stream.
-  std::size_t GetPosition() const { return m_base + (m_loading ? m_pos : m_out.size()); }
+  std::size_t GetPosition() const { return m_base + (m_loading ? m_pos : m_outLength); }
   // Loading: bytes not read yet.
   std::size_t GetRemaining() const { return m_size - m_pos; }
-  // Storing: the bytes written so far and not yet flushed.
-  const std::vector<BYTE>& GetStoredBytes() const { return m_out; }
   // Storing without a file (a null CFile): takes the bytes written so far.
   std::vector<BYTE> TakeStoredBytes();
 
@@ -83,6 +88,11 @@ class CArchive {
 
   // Writes p as an object: null, a back-reference, or class tag + fields.
   void WriteObject(const CObject* p);
+  // Writes p as a record that the stored graph holds exactly once (an element of an owned
+  // list, a file's root record): null, or class tag + fields. It takes its index like any
+  // record but is not entered in the index of stored objects, which then holds only classes
+  // and shared records; nothing may refer back to it (loading refuses such references too).
+  void WriteOwnedObject(const CObject* p);
   // Reads an object that the caller owns; it must be of requested (or derived; null accepts
   // any class) and stored for the first time here: a back-reference is refused with badIndex.
   std::unique_ptr<CObject> ReadOwnedObject(const CRuntimeClass* requested);
@@ -107,18 +117,18 @@ class CArchive {
   [[noreturn]] void ThrowFailure(CArchiveException::Cause cause, const std::string& detail) const;
 
   // Primitives.
-  CArchive& operator<<(bool v) { return Put<BYTE>(v ? 1 : 0); }
-  CArchive& operator<<(char v) { return Put(v); }
-  CArchive& operator<<(signed char v) { return Put(v); }
-  CArchive& operator<<(unsigned char v) { return Put(v); }
-  CArchive& operator<<(short v) { return Put(v); }
-  CArchive& operator<<(unsigned short v) { return Put(v); }
-  CArchive& operator<<(int v) { return Put(v); }
-  CArchive& operator<<(unsigned int v) { return Put(v); }
-  CArchive& operator<<(std::int64_t v) { return Put(v); }
-  CArchive& operator<<(std::uint64_t v) { return Put(v); }
-  CArchive& operator<<(float v) { return Put(v); }
-  CArchive& operator<<(double v) { return Put(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator<<(bool v) { return Put<BYTE>(v ? 1 : 0); }
+  PERSONA_ALWAYS_INLINE CArchive& operator<<(char v) { return Put(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator<<(signed char v) { return Put(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator<<(unsigned char v) { return Put(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator<<(short v) { return Put(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator<<(unsigned short v) { return Put(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator<<(int v) { return Put(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator<<(unsigned int v) { return Put(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator<<(std::int64_t v) { return Put(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator<<(std::uint64_t v) { return Put(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator<<(float v) { return Put(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator<<(double v) { return Put(v); }
   CArchive& operator<<(const CString& s);
   template <class E, std::enable_if_t<std::is_enum_v<E>, int> = 0>
   CArchive& operator<<(E v) {
@@ -129,17 +139,17 @@ class CArchive {
     v = Get<BYTE>() != 0;
     return *this;
   }
-  CArchive& operator>>(char& v) { return GetInto(v); }
-  CArchive& operator>>(signed char& v) { return GetInto(v); }
-  CArchive& operator>>(unsigned char& v) { return GetInto(v); }
-  CArchive& operator>>(short& v) { return GetInto(v); }
-  CArchive& operator>>(unsigned short& v) { return GetInto(v); }
-  CArchive& operator>>(int& v) { return GetInto(v); }
-  CArchive& operator>>(unsigned int& v) { return GetInto(v); }
-  CArchive& operator>>(std::int64_t& v) { return GetInto(v); }
-  CArchive& operator>>(std::uint64_t& v) { return GetInto(v); }
-  CArchive& operator>>(float& v) { return GetInto(v); }
-  CArchive& operator>>(double& v) { return GetInto(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator>>(char& v) { return GetInto(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator>>(signed char& v) { return GetInto(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator>>(unsigned char& v) { return GetInto(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator>>(short& v) { return GetInto(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator>>(unsigned short& v) { return GetInto(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator>>(int& v) { return GetInto(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator>>(unsigned int& v) { return GetInto(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator>>(std::int64_t& v) { return GetInto(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator>>(std::uint64_t& v) { return GetInto(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator>>(float& v) { return GetInto(v); }
+  PERSONA_ALWAYS_INLINE CArchive& operator>>(double& v) { return GetInto(v); }
   CArchive& operator>>(CString& s);
   template <class E, std::enable_if_t<std::is_enum_v<E>, int> = 0>
   CArchive& operator>>(E& v) {
@@ -162,15 +172,15 @@ class CArchive {
 
  private:
   template <class T>
-  CArchive& Put(T v) {
+  PERSONA_ALWAYS_INLINE CArchive& Put(T v) {
     if (m_loading) ThrowFailure(CArchiveException::readOnly, "write to an archive that is loading");
-    const std::size_t at = m_out.size();
-    m_out.resize(at + sizeof(T));
-    std::memcpy(m_out.data() + at, &v, sizeof(T));
+    if (m_out.size() - m_outLength < sizeof(T)) GrowOutput(sizeof(T));
+    std::memcpy(m_out.data() + m_outLength, &v, sizeof(T));
+    m_outLength += sizeof(T);
     return *this;
   }
   template <class T>
-  T Get() {
+  PERSONA_ALWAYS_INLINE T Get() {
     if (!m_loading)
       ThrowFailure(CArchiveException::writeOnly, "read from an archive that is storing");
     if (m_size - m_pos < sizeof(T)) ThrowEnd(sizeof(T), "value");
@@ -180,25 +190,67 @@ class CArchive {
     return v;
   }
   template <class T>
-  CArchive& GetInto(T& v) {
+  PERSONA_ALWAYS_INLINE CArchive& GetInto(T& v) {
     v = Get<T>();
     return *this;
   }
   [[noreturn]] void ThrowEnd(std::size_t wanted, const char* what) const;
+  // Makes room for at least `more` bytes after the stored ones (the buffer doubles).
+  void GrowOutput(std::size_t more);
+  // Appends count raw bytes to the stored ones.
+  void Append(const void* bytes, std::size_t count);
 
-  // Index table entry of a loading archive. Index 0 is the null pointer.
-  struct LoadEntry {
-    const CRuntimeClass* cls = nullptr;  // class entries: the class; object entries: its class
-    CObject* obj = nullptr;              // object entries
-    UINT schema = 0;                     // class entries: stored schema
-    enum Kind : BYTE { Null, Class, Owned, Shared, Dead } kind = Null;
+  // The index table of a loading archive: one 32-bit entry per index (0 is the null pointer),
+  // the kind in the top bits and, below, the position of the entry's class in m_loadClasses
+  // (class and owned-record entries) or of the record in m_sharedRecords (shared records).
+  // Four bytes per record keep the table small next to the records themselves.
+  enum EntryKind : DWORD {
+    kNullEntry = 0,
+    kClassEntry = 1,
+    kOwnedEntry = 2,
+    kSharedEntry = 3,
+    kDeadEntry = 4
   };
+  static constexpr int kKindShift = 29;
+  static constexpr DWORD kPayloadMask = (1u << kKindShift) - 1;
+  struct LoadClass {
+    const CRuntimeClass* cls;
+    UINT schema;
+  };
+  struct SharedRecord {
+    CObject* obj;
+    DWORD classSlot;
+  };
+  void AddLoadEntry(EntryKind kind, std::size_t payload);
   // Reads a tag and returns the object (existing or new) and whether it is new.
   CObject* ReadObjectTag(const CRuntimeClass* requested, bool shared, bool* isNew);
-  const CRuntimeClass* ReadNewClass(UINT* schema);
-  CObject* ReadNewObject(const CRuntimeClass* cls, UINT schema, bool shared);
+  CObject* ReadBackReference(DWORD tag, std::size_t at, const CRuntimeClass* requested,
+                             bool shared);
+  DWORD ReadNewClass();
+  CObject* ReadNewObject(DWORD classSlot, bool shared);
   void WriteClass(const CRuntimeClass* cls);
+  void WriteNewObject(const CObject* p, bool indexed);
   void WriteIndexTag(DWORD index, DWORD flag);
+
+  // Index of every class and record stored so far, by address: open addressing over a power
+  // of two slots, kept at most half full (one probe on average, no allocation per entry).
+  class PointerIndex {
+   public:
+    // The index of key, or 0 when it has none.
+    DWORD Find(const void* key) const;
+    // Gives key the index value (key must not be present).
+    void Insert(const void* key, DWORD value);
+
+   private:
+    struct Slot {
+      const void* key = nullptr;
+      DWORD value = 0;
+    };
+    std::size_t SlotOf(const void* key) const;
+    void Grow();
+    std::vector<Slot> m_slots;
+    std::size_t m_used = 0;
+  };
 
   bool m_loading;
   CFile* m_file = nullptr;
@@ -210,15 +262,20 @@ class CArchive {
   std::size_t m_pos = 0;
   std::size_t m_base = 0;     // file position at which the archive started
   std::vector<BYTE> m_input;  // the rest of a disk file, when not a CMemFile
-  std::vector<LoadEntry> m_loadTable;
+  std::vector<DWORD> m_loadTable;
+  std::vector<LoadClass> m_loadClasses;
+  std::vector<SharedRecord> m_sharedRecords;
   std::vector<std::unique_ptr<CObject>> m_sharedPool;
   UINT m_objectSchema = kNoSchema;
   int m_depth = 0;
 
-  // storing
+  // storing: m_out holds m_outLength stored bytes, the rest is room to grow
   std::vector<BYTE> m_out;
-  std::unordered_map<const void*, DWORD> m_storeMap;
+  std::size_t m_outLength = 0;
+  PointerIndex m_storeIndex;
   DWORD m_nextIndex = 1;
+  const CRuntimeClass* m_lastClass = nullptr;  // the class stored last, and its index
+  DWORD m_lastClassIndex = 0;
 };
 
 // Reads the stored schema of the record being loaded as the 8-bit value the records keep

@@ -125,7 +125,7 @@ int COwnedObList::Find(const CObject* p) const {
 void COwnedObList::Serialize(CArchive& ar) {
   if (ar.IsStoring()) {
     ar.WriteCount(m_items.size());
-    for (const auto& p : m_items) ar.WriteObject(p.get());
+    for (const auto& p : m_items) ar.WriteOwnedObject(p.get());
     return;
   }
   const ULONGLONG n = ar.ReadCount();

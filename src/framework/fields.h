@@ -140,7 +140,7 @@ class FieldArchiver {
       : m_ar(ar), m_schema(schema), m_loading(ar.IsLoading()) {}
 
   template <class T, class... O>
-  void operator()(const char*, T& member, const O&... opts) {
+  PERSONA_ALWAYS_INLINE void operator()(const char*, T& member, const O&... opts) {
     if constexpr (fields_detail::Has<Transient, O...>()) {
       return;
     } else {
@@ -155,7 +155,7 @@ class FieldArchiver {
 
  private:
   template <class T>
-  void Store(T& m) {
+  PERSONA_ALWAYS_INLINE void Store(T& m) {
     if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, CString>) {
       m_ar << m;
     } else if constexpr (std::is_array_v<T>) {
@@ -165,7 +165,7 @@ class FieldArchiver {
     }
   }
   template <class T>
-  void Load(T& m) {
+  PERSONA_ALWAYS_INLINE void Load(T& m) {
     if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, CString>) {
       m_ar >> m;
     } else if constexpr (std::is_array_v<T>) {

@@ -28,7 +28,7 @@ LoadedPersonality LoadPersonalityFile(const std::string& path) {
 
 std::vector<BYTE> StorePersonalityBytes(const CPersonality& personality) {
   CArchive ar(nullptr, CArchive::store);
-  ar.WriteObject(&personality);
+  ar.WriteOwnedObject(&personality);
   return ar.TakeStoredBytes();
 }
 

@@ -1,0 +1,209 @@
+// persona_bench: registers every operation at every size, checks that the Boost reference
+// moves the same personality, runs Google Benchmark and then prints, from the same run, the
+// ratios against the references, the scaling table and the memory figures.
+//
+//   persona_bench [Google Benchmark options]   e.g. --benchmark_filter=load
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "bench_cases.h"
+#include "bench_operations.h"
+#include "boost_reference.h"
+#include "framework/prompt.h"
+#include "heap_meter.h"
+#include "io/personality_file.h"
+
+namespace persona::bench {
+namespace {
+
+// The headline sizes (0: the bundled sample) and the doubling series of the scaling check.
+const int kHeadline[] = {0, 10000, 65000};
+const int kSeries[] = {1000, 2000, 4000, 8000, 16000, 32000, 64000};
+
+std::string Label(int channels) { return channels == 0 ? "sample" : std::to_string(channels); }
+
+// Console output as usual, and the time per iteration of every run kept by name.
+class CollectingReporter : public benchmark::ConsoleReporter {
+ public:
+  std::map<std::string, double> seconds;
+
+  void ReportRuns(const std::vector<Run>& runs) override {
+    for (const Run& run : runs) {
+      if (run.error_occurred || run.iterations == 0) continue;
+      seconds[run.benchmark_name()] =
+          run.real_accumulated_time / static_cast<double>(run.iterations);
+    }
+    ConsoleReporter::ReportRuns(runs);
+  }
+
+  // Seconds per iteration of op at channels, or 0 when it did not run.
+  double Time(const char* op, int channels) const {
+    const auto it = seconds.find(std::string(op) + "/" + Label(channels) + "/manual_time");
+    return it == seconds.end() ? 0.0 : it->second;
+  }
+};
+
+void Register() {
+  std::vector<int> sizes(std::begin(kHeadline), std::end(kHeadline));
+  sizes.insert(sizes.end(), std::begin(kSeries), std::end(kSeries));
+  std::sort(sizes.begin(), sizes.end());
+  for (const Operation& op : Operations()) {
+    if (op.boost && !BoostReferenceAvailable()) continue;
+    for (int channels : sizes) {
+      const bool inSeries =
+          std::find(std::begin(kSeries), std::end(kSeries), channels) != std::end(kSeries);
+      if (op.refresh && !inSeries) continue;
+      const std::string name = std::string(op.name) + "/" + Label(channels);
+      benchmark::RegisterBenchmark(name.c_str(), op.run, channels)
+          ->UseManualTime()
+          ->Unit(benchmark::kMicrosecond);
+    }
+  }
+}
+
+// The library's round trip, and the reference's, must give back the very bytes of the file.
+bool CheckSameGraph(int channels) {
+  const BenchCase& c = Case(channels);
+  const LoadedPersonality loaded = LoadPersonalityBytes(c.bytes.data(), c.bytes.size(), "check");
+  bool same = StorePersonalityBytes(*loaded.personality) == c.bytes;
+  std::printf("round trip of the %s case through the library: %s\n", Label(channels).c_str(),
+              same ? "same bytes" : "DIFFERENT BYTES");
+  if (BoostReferenceAvailable()) {
+    std::vector<char> archive;
+    BoostSave(*c.personality, archive);
+    const BoostLoaded back = BoostLoad(archive);
+    const bool boostSame = StorePersonalityBytes(*back.personality) == c.bytes;
+    if (!boostSame) SavePersonalityFile("/tmp/boost-back.pers", *back.personality);
+    std::printf(
+        "round trip of the %s case through the Boost reference: %s (%zu bytes against "
+        "the library's %zu)\n",
+        Label(channels).c_str(), boostSame ? "same personality" : "DIFFERENT PERSONALITY",
+        archive.size(), c.bytes.size());
+    same = same && boostSame;
+  } else {
+    std::printf(
+        "Boost.Serialization was not found when this was built: the Boost reference "
+        "is left out (scripts/install-deps.sh bench installs it)\n");
+  }
+  return same;
+}
+
+struct MemoryFigures {
+  std::size_t fileBytes = 0;
+  long long modelHeap = 0;  // heap held by the loaded personality
+  long long peakHeap = 0;   // highest heap during the file load
+  std::size_t residentGrowth = 0;
+};
+
+// Loads the 65,000-channel file once with the heap metered.
+MemoryFigures MeasureMemory() {
+  MemoryFigures m;
+  const BenchCase& c = Case(65000);
+  m.fileBytes = c.bytes.size();
+  const std::size_t residentBefore = ResidentBytes();
+  LoadedPersonality loaded;
+  {
+    HeapMeter meter;
+    loaded = LoadPersonalityFile(c.path);
+    m.modelHeap = meter.Current();
+    m.peakHeap = meter.Peak();
+  }
+  const std::size_t residentAfter = ResidentBytes();
+  m.residentGrowth = residentAfter > residentBefore ? residentAfter - residentBefore : 0;
+  return m;
+}
+
+const char* Verdict(bool met) { return met ? "met" : "MISSED"; }
+
+void PrintRatios(const CollectingReporter& r) {
+  std::printf("\nRatios at 65,000 channels (%zu records, %zu file bytes), one run:\n",
+              Case(65000).records, Case(65000).bytes.size());
+  const double copy = r.Time("memcpy", 65000);
+  const struct {
+    const char* label;
+    const char* op;
+    const char* reference;
+  } rows[] = {{"load", "load", "boost_load"}, {"save", "save", "boost_save"}};
+  for (const auto& row : rows) {
+    const double ours = r.Time(row.op, 65000);
+    const double boost = r.Time(row.reference, 65000);
+    if (ours <= 0) continue;
+    if (boost > 0) {
+      std::printf("  %-5s persona / Boost   = %6.2f x   (goal at least 5 x: %s)\n", row.label,
+                  boost / ours, Verdict(boost / ours >= 5.0));
+    }
+    std::printf("  %-5s persona / memcpy  = 1 / %5.1f  (goal at least 1 / 25: %s)\n", row.label,
+                ours / copy, Verdict(ours / copy <= 25.0));
+  }
+}
+
+void PrintScaling(const CollectingReporter& r) {
+  std::printf("\nScaling, time(2N) / time(N) (goal at most 2.3):\n  %-15s", "operation");
+  for (std::size_t i = 1; i < std::size(kSeries); ++i) std::printf(" %5dk", kSeries[i] / 1000);
+  std::printf("    max\n");
+  for (const Operation& op : Operations()) {
+    if (r.Time(op.name, kSeries[0]) <= 0) continue;
+    std::printf("  %-15s", op.name);
+    double worst = 0;
+    for (std::size_t i = 1; i < std::size(kSeries); ++i) {
+      const double ratio = r.Time(op.name, kSeries[i]) / r.Time(op.name, kSeries[i - 1]);
+      worst = std::max(worst, ratio);
+      std::printf(" %6.2f", ratio);
+    }
+    std::printf("  %5.2f %s\n", worst, Verdict(worst <= 2.3));
+  }
+}
+
+void PrintMemory(const MemoryFigures& m) {
+  const double mb = 1024.0 * 1024.0;
+  const double modelRatio = static_cast<double>(m.modelHeap) / static_cast<double>(m.fileBytes);
+  const double residentRatio =
+      static_cast<double>(m.residentGrowth) / static_cast<double>(m.fileBytes);
+  const double peakLimit =
+      1.1 * static_cast<double>(m.modelHeap + static_cast<long long>(m.fileBytes));
+  std::printf("\nMemory of a load of the 65,000-channel file (%.1f MB):\n", m.fileBytes / mb);
+  std::printf(
+      "  loaded personality, heap      %7.1f MB = %.2f x the file (goal at most 2.5 x: %s)\n",
+      m.modelHeap / mb, modelRatio, Verdict(modelRatio <= 2.5));
+  std::printf(
+      "  loaded personality, resident  %7.1f MB = %.2f x the file (goal at most 2.5 x: %s)\n",
+      m.residentGrowth / mb, residentRatio, Verdict(residentRatio <= 2.5));
+  std::printf("  peak during the load          %7.1f MB; model + file + 10%% = %.1f MB (%s)\n",
+              m.peakHeap / mb, peakLimit / mb,
+              Verdict(static_cast<double>(m.peakHeap) <= peakLimit));
+}
+
+}  // namespace
+}  // namespace persona::bench
+
+int main(int argc, char** argv) {
+  using namespace persona::bench;
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 64;
+  // Refreshes and checks may want to tell the user something; nobody is there to answer.
+  persona::SetPromptHandler([](const persona::CString&, persona::UINT) { return persona::IDOK; });
+  try {
+    const MemoryFigures memory = MeasureMemory();
+    if (!CheckSameGraph(0) || !CheckSameGraph(10000)) {
+      std::fprintf(stderr,
+                   "persona_bench: the round trips differ; the figures would mean nothing\n");
+      return 1;
+    }
+    Register();
+    CollectingReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    PrintRatios(reporter);
+    PrintScaling(reporter);
+    PrintMemory(memory);
+  } catch (const std::exception& e) {
+    std::fprintf(stderr, "persona_bench: %s\n", e.what());
+    return 1;
+  }
+  benchmark::Shutdown();
+  return 0;
+}

@@ -1,0 +1,209 @@
+// The benchmarked operations on the library and on the references.
+#include "bench_operations.h"
+
+#include <chrono>
+#include <cstring>
+#include <string>
+
+#include "bench_cases.h"
+#include "boost_reference.h"
+#include "core/global_sets.h"
+#include "core/set_types.h"
+#include "framework/collections.h"
+#include "integrity/checker.h"
+#include "integrity/references.h"
+#include "io/personality_file.h"
+#include "report/personality_report.h"
+
+namespace persona::bench {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// Records the throughput counters of a run over the case.
+void Account(benchmark::State& state, std::size_t bytes, std::size_t records) {
+  state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * bytes));
+  state.SetItemsProcessed(static_cast<int64_t>(state.iterations() * records));
+}
+
+// Runs make() once per iteration with the clock on make() only; what it returns is destroyed
+// after the clock stops.
+template <class Make>
+void TimeMaking(benchmark::State& state, Make make) {
+  for (auto _ : state) {
+    const auto start = Clock::now();
+    auto made = make();
+    const auto stop = Clock::now();
+    benchmark::DoNotOptimize(made);
+    state.SetIterationTime(std::chrono::duration<double>(stop - start).count());
+  }
+}
+
+// Runs work(copy) once per iteration on a fresh copy of personality, with the clock on work only.
+template <class Work>
+void TimeOnCopy(benchmark::State& state, const CPersonality& personality, Work work) {
+  for (auto _ : state) {
+    auto copy = std::make_unique<CPersonality>(personality);
+    const auto start = Clock::now();
+    work(*copy);
+    const auto stop = Clock::now();
+    state.SetIterationTime(std::chrono::duration<double>(stop - start).count());
+  }
+}
+
+void Load(benchmark::State& state, int channels) {
+  const BenchCase& c = Case(channels);
+  TimeMaking(state, [&] { return LoadPersonalityBytes(c.bytes.data(), c.bytes.size(), "bench"); });
+  Account(state, c.bytes.size(), c.records);
+}
+
+void Save(benchmark::State& state, int channels) {
+  const BenchCase& c = Case(channels);
+  TimeMaking(state, [&] { return StorePersonalityBytes(*c.personality); });
+  Account(state, c.bytes.size(), c.records);
+}
+
+void FileLoad(benchmark::State& state, int channels) {
+  const BenchCase& c = Case(channels);
+  TimeMaking(state, [&] { return LoadPersonalityFile(c.path); });
+  Account(state, c.bytes.size(), c.records);
+}
+
+void FileSave(benchmark::State& state, int channels) {
+  const BenchCase& c = Case(channels);
+  const std::string path = ScratchFolder() + "/saved-" + std::to_string(channels) + ".pers";
+  TimeMaking(state, [&] {
+    SavePersonalityFile(path, *c.personality);
+    return 0;
+  });
+  Account(state, c.bytes.size(), c.records);
+}
+
+void Copy(benchmark::State& state, int channels) {
+  const BenchCase& c = Case(channels);
+  TimeMaking(state, [&] { return std::make_unique<CPersonality>(*c.personality); });
+  Account(state, c.bytes.size(), c.records);
+}
+
+void Report(benchmark::State& state, int channels) {
+  const BenchCase& c = Case(channels);
+  CPersonality copy(*c.personality);
+  TimeMaking(state, [&] {
+    auto lines = std::make_unique<CStringArray>();
+    PrintPersonalityReport(copy, *lines);
+    return lines;
+  });
+  Account(state, c.bytes.size(), c.records);
+}
+
+void Prune(benchmark::State& state, int channels) {
+  const BenchCase& c = Case(channels);
+  // A conventional-only model: every trunked, messaging and P25 trunked system goes, and the
+  // sets that only they used.
+  TimeOnCopy(state, *c.personality, [](CPersonality& p) {
+    p.SetLastRadio(29);
+    p.RemoveUnusedSystemsAndSets();
+  });
+  Account(state, c.bytes.size(), c.records);
+}
+
+// Renames back and forth, so that every iteration does the same work.
+template <class Rename>
+void RenameBackAndForth(benchmark::State& state, int channels, Rename rename) {
+  const BenchCase& c = Case(channels);
+  CPersonality copy(*c.personality);
+  bool there = false;
+  TimeMaking(state, [&] {
+    const int changed = rename(copy, there);
+    there = !there;
+    return changed;
+  });
+  Account(state, c.bytes.size(), c.records);
+}
+
+void RenameSetEverywhere(benchmark::State& state, int channels) {
+  RenameBackAndForth(state, channels, [](CPersonality& p, bool there) {
+    const CString a("METRO"), b("METRO CENTRAL");
+    return RenameSet(p, ConvSetType, there ? b : a, there ? a : b);
+  });
+}
+
+void RenameChannelEverywhere(benchmark::State& state, int channels) {
+  RenameBackAndForth(state, channels, [](CPersonality& p, bool there) {
+    const CString a("FIRE 1"), b("FIRE DISPATCH");
+    return RenameChannel(p, ConvSetType, CString("METRO"), there ? b : a, there ? a : b);
+  });
+}
+
+void Check(benchmark::State& state, int channels) {
+  const BenchCase& c = Case(channels);
+  CPersonality copy(*c.personality);
+  TimeMaking(state, [&] { return CheckPersonality(copy); });
+  Account(state, c.bytes.size(), c.records);
+}
+
+void Refresh(benchmark::State& state, int channels) {
+  const RefreshCase& c = RefreshCaseFor(channels);
+  TimeOnCopy(state, *c.personality, [&](CPersonality& p) {
+    CPersonality* target = &p;
+    ReadPersonalityGlobalSets(target, CString(c.directory));
+  });
+  state.counters["files"] = static_cast<double>(c.files);
+  Account(state, c.fileBytes, static_cast<std::size_t>(c.channels));
+}
+
+void BoostLoadRef(benchmark::State& state, int channels) {
+  const BenchCase& c = Case(channels);
+  std::vector<char> bytes;
+  BoostSave(*c.personality, bytes);
+  TimeMaking(state, [&] { return BoostLoad(bytes); });
+  state.counters["archive_bytes"] = static_cast<double>(bytes.size());
+  Account(state, c.bytes.size(), c.records);
+}
+
+void BoostSaveRef(benchmark::State& state, int channels) {
+  const BenchCase& c = Case(channels);
+  TimeMaking(state, [&] {
+    auto bytes = std::make_unique<std::vector<char>>();
+    BoostSave(*c.personality, *bytes);
+    return bytes;
+  });
+  Account(state, c.bytes.size(), c.records);
+}
+
+void Memcpy(benchmark::State& state, int channels) {
+  const BenchCase& c = Case(channels);
+  std::vector<BYTE> target(c.bytes.size(), 1);
+  for (auto _ : state) {
+    const auto start = Clock::now();
+    std::memcpy(target.data(), c.bytes.data(), c.bytes.size());
+    benchmark::ClobberMemory();
+    const auto stop = Clock::now();
+    state.SetIterationTime(std::chrono::duration<double>(stop - start).count());
+  }
+  Account(state, c.bytes.size(), c.records);
+}
+
+}  // namespace
+
+const std::vector<Operation>& Operations() {
+  static const std::vector<Operation> operations = {
+      {"load", Load, false, false},
+      {"boost_load", BoostLoadRef, true, false},
+      {"save", Save, false, false},
+      {"boost_save", BoostSaveRef, true, false},
+      {"memcpy", Memcpy, false, false},
+      {"file_load", FileLoad, false, false},
+      {"file_save", FileSave, false, false},
+      {"copy", Copy, false, false},
+      {"report", Report, false, false},
+      {"prune", Prune, false, false},
+      {"rename_set", RenameSetEverywhere, false, false},
+      {"rename_channel", RenameChannelEverywhere, false, false},
+      {"check", Check, false, false},
+      {"refresh", Refresh, false, true},
+  };
+  return operations;
+}
+
+}  // namespace persona::bench

@@ -1,0 +1,24 @@
+// The benchmarked operations. Each runs one operation on the case of a size (bench_cases.h) for
+// as many iterations as Google Benchmark asks, and reports bytes/s (the bytes of the
+// personality's file) and records/s (the records of its object graph). Loads, copies and the
+// operations that change a personality time only the operation itself: making the fresh copy
+// it works on and destroying what it made are left out of the clock.
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <vector>
+
+namespace persona::bench {
+
+struct Operation {
+  const char* name;
+  void (*run)(benchmark::State& state, int channels);
+  bool boost;    // a Boost reference operation (left out when Boost is missing)
+  bool refresh;  // runs on the refresh cases (sizes of the scaling series only)
+};
+
+// Every operation, in the order of the run.
+const std::vector<Operation>& Operations();
+
+}  // namespace persona::bench
