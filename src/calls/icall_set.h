@@ -58,7 +58,7 @@ class CICall : public CObject {
   void Serialize(CArchive& ar) override;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Name", m_Name);
     v("Lid", m_Lid);
     v("Display", m_Display);

@@ -43,7 +43,7 @@ class CPhoneCall : public CObject {
   void Serialize(CArchive& ar) override;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Name", m_Name);
     v("Number", m_Number);
     v("Display", m_Display);

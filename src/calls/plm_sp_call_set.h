@@ -44,7 +44,7 @@ class CPlmSpCall : public CObject {
   void Serialize(CArchive& ar) override;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Name", m_Name);
     v("Number", m_Number);
     v("Type", m_Type);

@@ -41,7 +41,7 @@ class CSpCall : public CObject {
   void Serialize(CArchive& ar) override;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Name", m_Name);
     v("Number", m_Number);
     v("Type", m_Type);
@@ -93,7 +93,7 @@ class CSpCallSet : public CElementSet {
   void Serialize(CArchive& ar) override;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("LidLow", m_LidLow);
     v("LidHigh", m_LidHigh);
   }

@@ -185,7 +185,7 @@ class CConvChannel : public CObject {
 
   // Archive order.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Name", m_Name);
     v("TxFreq", m_TxFreq);
     v("RxFreq", m_RxFreq);
@@ -258,6 +258,9 @@ class CConvChannel : public CObject {
   CString m_RxCg;
   WORD m_TxAddr = 85;
   WORD m_RxAddr = 85;
+  WORD m_T99Table = 0;
+  WORD m_VantorSend = 0;
+  WORD m_OscShift = 2;
   BYTE m_CCT = 0;
   BYTE m_Scan = 0;
   BYTE m_Backlight = 1;
@@ -269,17 +272,14 @@ class CConvChannel : public CObject {
   BYTE m_Ste = 0;
   BYTE m_SteRx = 0;
   BYTE m_T99 = 0;
-  WORD m_T99Table = 0;
   BYTE m_Vantor = 0;
   BYTE m_VantorSte = 0;
   BYTE m_VantorCg = 0;
-  WORD m_VantorSend = 0;
   BYTE m_T99SuperGrp = 0;
   BYTE m_T99Grp = 0;
   BYTE m_T99QuickCall = 0;
   BYTE m_T99Indv = 0;
   BYTE m_Os = 0;
-  WORD m_OscShift = 2;
   WORD m_KwKey = 0;
   BYTE m_T99WithCg = 0;
   BYTE m_BandWidth = 0;
@@ -397,7 +397,7 @@ class CConvSet : public CElementSet {
 
   // Archive order (minimum limits first; AltPttChan last).
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("TxMinFreq", m_TxMinFreq);
     v("RxMinFreq", m_RxMinFreq);
     v("TxMaxFreq", m_TxMaxFreq);

@@ -88,7 +88,7 @@ class CP25ConvChannel : public CObject {
 
   // Archive order.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Name", m_Name);
     v("TxFreq", m_TxFreq);
     v("RxFreq", m_RxFreq);
@@ -195,7 +195,7 @@ class CP25ConvSet : public CElementSet {
 
   // Archive order (minimum limits first).
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("TxMinFreq", m_TxMinFreq);
     v("RxMinFreq", m_RxMinFreq);
     v("TxMaxFreq", m_TxMaxFreq);

@@ -324,7 +324,7 @@ class CPersonality : public CSerial {
   // The header fields and the lists, in declaration order (run-time access; Serialize has its
   // own order). Lists hold owned records.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Name", m_Name);
     v("Description", m_Description);
     v("SavedOn", m_SavedOn);

@@ -75,7 +75,7 @@ class CSet : public CObject {
   void Serialize(CArchive& ar) override;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Elements", m_elements);
     v("Name", m_strName);
     v("SetType", m_setType);

@@ -20,14 +20,6 @@
 #error "the archive code assumes a little-endian host"
 #endif
 
-// Hot paths of the archive are forced inline: a record's field list is one long function and
-// the compiler would otherwise stop inlining part-way through it.
-#if defined(__GNUC__)
-#define PERSONA_ALWAYS_INLINE inline __attribute__((always_inline))
-#else
-#define PERSONA_ALWAYS_INLINE inline
-#endif
-
 namespace persona {
 
 class CFile;
@@ -115,6 +107,25 @@ class CArchive {
 
   // Raises a CArchiveException at the current position.
   [[noreturn]] void ThrowFailure(CArchiveException::Cause cause, const std::string& detail) const;
+
+  // Raw cursors for FieldArchiver, which keeps them in registers across a record's fields and
+  // hands them back before anything else touches the archive.
+  // Loading: the next byte to read, and the end of the input.
+  const BYTE* ReadCursor() const { return m_data + m_pos; }
+  const BYTE* ReadEnd() const { return m_data + m_size; }
+  void SetReadCursor(const BYTE* at) { m_pos = static_cast<std::size_t>(at - m_data); }
+  // Storing: where the next byte goes, and the end of the room already made.
+  BYTE* WriteCursor() { return m_out.data() + m_outLength; }
+  BYTE* WriteEnd() { return m_out.data() + m_out.size(); }
+  void SetWriteCursor(BYTE* at) { m_outLength = static_cast<std::size_t>(at - m_out.data()); }
+  // Storing: makes room for at least `more` further bytes (cursors move; ask again).
+  void MakeRoom(std::size_t more) {
+    if (m_out.size() - m_outLength < more) GrowOutput(more);
+  }
+  // Loading: raises endOfFile for a value of `wanted` bytes at the read cursor.
+  [[noreturn]] void ThrowShort(std::size_t wanted, const char* what) const {
+    ThrowEnd(wanted, what);
+  }
 
   // Primitives.
   PERSONA_ALWAYS_INLINE CArchive& operator<<(bool v) { return Put<BYTE>(v ? 1 : 0); }

@@ -16,6 +16,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 #include <type_traits>
 
 #include "framework/archive.h"
@@ -131,13 +132,23 @@ const RefersTo* RefersToOf(const O&... opts) {
 
 }  // namespace fields_detail
 
-// Archives the fields of a record in list order (see the file comment).
+// Archives the fields of a record in list order (see the file comment). Numbers are copied
+// straight between the record and the archive's buffer through a cursor held here (in a
+// register once the record's Fields is inlined); strings, lists and nested records go through
+// the archive, with the cursor handed back first and taken up again after.
 class FieldArchiver {
  public:
   // schema: the stored schema of the object being loaded (8-bit; 255 = none); ignored when
   // storing.
-  FieldArchiver(CArchive& ar, BYTE schema)
-      : m_ar(ar), m_schema(schema), m_loading(ar.IsLoading()) {}
+  FieldArchiver(CArchive& ar, BYTE schema) : m_ar(ar), m_schema(schema), m_loading(ar.IsLoading()) {
+    TakeCursor();
+  }
+  FieldArchiver(const FieldArchiver&) = delete;
+  FieldArchiver& operator=(const FieldArchiver&) = delete;
+  // Hands the cursor back to the archive (unless a failure inside the archive has it).
+  ~FieldArchiver() {
+    if (m_holding) GiveCursor();
+  }
 
   template <class T, class... O>
   PERSONA_ALWAYS_INLINE void operator()(const char*, T& member, const O&... opts) {
@@ -154,35 +165,99 @@ class FieldArchiver {
   }
 
  private:
+  void TakeCursor() {
+    m_holding = true;
+    if (m_loading) {
+      m_in = m_ar.ReadCursor();
+      m_inEnd = m_ar.ReadEnd();
+    } else {
+      m_out = m_ar.WriteCursor();
+      m_outEnd = m_ar.WriteEnd();
+    }
+  }
+  void GiveCursor() {
+    m_holding = false;
+    if (m_loading) {
+      m_ar.SetReadCursor(m_in);
+    } else {
+      m_ar.SetWriteCursor(m_out);
+    }
+  }
+  void Room(std::size_t n) {
+    GiveCursor();
+    m_ar.MakeRoom(n);
+    TakeCursor();
+  }
+  [[noreturn]] void Short(std::size_t n) {
+    GiveCursor();
+    m_ar.ThrowShort(n, "value");
+  }
+
+  template <class T>
+  PERSONA_ALWAYS_INLINE void Put(T v) {
+    if (static_cast<std::size_t>(m_outEnd - m_out) < sizeof(T)) Room(sizeof(T));
+    std::memcpy(m_out, &v, sizeof(T));
+    m_out += sizeof(T);
+  }
+  template <class T>
+  PERSONA_ALWAYS_INLINE T Get() {
+    if (static_cast<std::size_t>(m_inEnd - m_in) < sizeof(T)) Short(sizeof(T));
+    T v;
+    std::memcpy(&v, m_in, sizeof(T));
+    m_in += sizeof(T);
+    return v;
+  }
+
   template <class T>
   PERSONA_ALWAYS_INLINE void Store(T& m) {
-    if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, CString>) {
-      m_ar << m;
+    if constexpr (std::is_same_v<T, bool>) {
+      Put<BYTE>(m ? 1 : 0);
+    } else if constexpr (std::is_arithmetic_v<T>) {
+      Put<T>(m);
     } else if constexpr (std::is_array_v<T>) {
-      for (auto& e : m) m_ar << e;
+      for (auto& e : m) Store(e);
     } else {
-      m.Serialize(m_ar);
+      GiveCursor();
+      if constexpr (std::is_same_v<T, CString>) {
+        m_ar << m;
+      } else {
+        m.Serialize(m_ar);
+      }
+      TakeCursor();
     }
   }
   template <class T>
   PERSONA_ALWAYS_INLINE void Load(T& m) {
-    if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, CString>) {
-      m_ar >> m;
+    if constexpr (std::is_same_v<T, bool>) {
+      m = Get<BYTE>() != 0;
+    } else if constexpr (std::is_arithmetic_v<T>) {
+      m = Get<T>();
     } else if constexpr (std::is_array_v<T>) {
-      for (auto& e : m) m_ar >> e;
+      for (auto& e : m) Load(e);
     } else {
-      m.Serialize(m_ar);
+      GiveCursor();
+      if constexpr (std::is_same_v<T, CString>) {
+        m_ar >> m;
+      } else {
+        m.Serialize(m_ar);
+      }
+      TakeCursor();
     }
   }
 
   CArchive& m_ar;
   BYTE m_schema;
   bool m_loading;
+  const BYTE* m_in = nullptr;
+  const BYTE* m_inEnd = nullptr;
+  BYTE* m_out = nullptr;
+  BYTE* m_outEnd = nullptr;
+  bool m_holding = false;
 };
 
 // Stores or loads the fields that rec.Fields lists (see the file comment).
 template <class R>
-void SerializeFields(CArchive& ar, R& rec, BYTE schema = 255) {
+PERSONA_ALWAYS_INLINE void SerializeFields(CArchive& ar, R& rec, BYTE schema = 255) {
   FieldArchiver archiver(ar, schema);
   rec.Fields(archiver);
 }

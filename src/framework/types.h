@@ -6,6 +6,14 @@
 #include <cstddef>
 #include <cstdint>
 
+// Hot paths of the archive are forced inline: a record's field list is one long function, and
+// only when it is inlined whole can the archive's cursor stay in a register across the fields.
+#if defined(__GNUC__)
+#define PERSONA_ALWAYS_INLINE inline __attribute__((always_inline))
+#else
+#define PERSONA_ALWAYS_INLINE inline
+#endif
+
 namespace persona {
 
 using BYTE = std::uint8_t;

@@ -47,7 +47,7 @@ class CAgencyData : public CFieldOption<CAgencyData> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("NumAgencies", m_NumAgencies, Label{"Number Of Agencies"});
     v("FleetsPerAgency", m_FleetsPerAgency);
     v("AgencyNames", m_AgencyNames, Since{2});
@@ -91,7 +91,7 @@ class CExtAddAgencyData : public CFieldOption<CExtAddAgencyData> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("NumAgencies", m_NumAgencies, Label{"Number Of Agencies"});
     v("FleetsPerAgency", m_FleetsPerAgency);
   }

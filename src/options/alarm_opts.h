@@ -82,7 +82,7 @@ class CAlarmOpts : public CFieldOption<CAlarmOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Alarm1On", m_Alarm1On, Label{"Alarm 1 Output"}, OnOff{});
     v("Alarm1Active", m_Alarm1Active, Label{"Alarm 1 Active Level"}, WordsOf(kActiveLevelWords));
     v("Alarm1Output", m_Alarm1Output, Label{"Alarm 1 Output Number"});

@@ -57,7 +57,7 @@ class CAlertOpts : public CSerial {
                         unsigned short radioType) const;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("MinAlertTone", m_MinAlertTone);
     v("MaxAlertTone", m_MaxAlertTone);
     v("RxAlertTone", m_RxAlertTone);

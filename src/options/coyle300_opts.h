@@ -45,7 +45,7 @@ class CCoyle300Opts : public CFieldOption<CCoyle300Opts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("MobileKey", m_MobileKey, Label{"Mobile Option Key"});
     v("PortableKey", m_PortableKey, Label{"Portable Option Key"});
     v("SecondKey", m_SecondKey, Label{"Second Option Key"});

@@ -64,7 +64,7 @@ class CSilCustomOpts : public CFieldOption<CSilCustomOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("EmerHandling", m_EmerHandling, Label{"Emergency Handling"}, WordsOf(kEmerHandlingWords));
     v("QueuedTone", m_QueuedTone, Label{"Queued Tone"}, OnOff{});
     v("LowBattBeep", m_LowBattBeep, Label{"Low Battery Beep"}, OnOff{});
@@ -129,7 +129,7 @@ class COstrelCustomOpts : public CFieldOption<COstrelCustomOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("ICallBeep", m_ICallBeep, Label{"ICALL Beep"}, OnOff{});
     v("ICallTimeout", m_ICallTimeout, Label{"ICALL Time-out (sec)"});
     v("CallerIdScan", m_CallerIdScan, Label{"Caller ID In Scan"}, OnOff{});
@@ -197,7 +197,7 @@ class CKorvex2CustomOpts : public CFieldOption<CKorvex2CustomOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Transmission", m_Transmission, Label{"Transmission"}, WordsOf(kTransmissionWords));
     v("DataOnly", m_DataOnly, Label{"Data Only Radio"}, OnOff{});
     v("NbRegistration", m_NbRegistration, Label{"Narrow Band Registration"}, OnOff{});

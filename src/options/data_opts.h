@@ -70,7 +70,7 @@ class CDataOpts : public CFieldOption<CDataOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("BaudRate", m_BaudRate, Label{"Baud Rate"}, WordsOf(kPortBaudWords));
     v("Parity", m_Parity, Label{"Parity"}, WordsOf(kPortParityWords));
     v("StopBits", m_StopBits, Label{"Stop Bits"}, WordsOf(kPortStopBitWords));

@@ -58,7 +58,7 @@ class CDisplayOpts : public CSerial {
                         unsigned short radioType) const;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("AlphaMap", m_AlphaMap);
     v("DisplayGroupId", m_DisplayGroupId);
     v("DisplayIndId", m_DisplayIndId);

@@ -49,7 +49,7 @@ class CDualCtrlOpts : public CFieldOption<CDualCtrlOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("DisplayMode", m_DisplayMode, Label{"Display Mode"}, WordsOf(kDualDisplayWords));
     v("AudioMode", m_AudioMode, Label{"Audio Mode"}, WordsOf(kDualAudioWords));
     v("Speaker", m_Speaker, Label{"Speaker"}, WordsOf(kDualSpeakerWords));

@@ -37,7 +37,7 @@ class CFlashLights : public CFieldOption<CFlashLights> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Channel", m_Channel, Label{"Flash Lights Channel"});
     v("Priority", m_Priority, Label{"Flash Lights Priority"}, WordsOf(kFlashPriorityWords));
   }

@@ -86,7 +86,7 @@ class CGenRadioOpts : public CSerial {
                         unsigned short radioType) const;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("LowMicAudio", m_LowMicAudio);
     v("DynamicRegroup", m_DynamicRegroup);
     v("BaseMobileOper", m_BaseMobileOper);

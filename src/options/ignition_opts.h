@@ -61,7 +61,7 @@ class CIgnitionOpts : public CFieldOption<CIgnitionOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("APlusCtrl", m_APlusCtrl, Label{"A+ Control"}, OnOff{});
     v("MasterPtt", m_MasterPtt, Label{"Master PTT"}, OnOff{});
     v("NormalTx", m_NormalTx, Label{"Normal Transmit"}, OnOff{});

@@ -66,7 +66,7 @@ class CKeypadCtrlOpts : public CFieldOption<CKeypadCtrlOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("IcallKeypad", m_IcallKeypad, Label{"ICALL Keypad"}, OnOff{});
     v("PhoneKeypad", m_PhoneKeypad, Label{"Phone Keypad"}, OnOff{});
     v("KeyClick", m_KeyClick, Label{"Key Click"}, OnOff{});
@@ -138,7 +138,7 @@ class CKeypadCtrlOpts_E1 : public CFieldOption<CKeypadCtrlOpts_E1> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("KeypadType", m_KeypadType, Label{"Keypad Type"}, WordsOf(kKeypadTypeWords));
     v("KeypadLock", m_KeypadLock, Label{"Keypad Lock"}, OnOff{});
     v("TopKey", m_TopKey, Label{"Top Key Function"});
@@ -193,7 +193,7 @@ class CKeypadCtrlOpts_E2 : public CFieldOption<CKeypadCtrlOpts_E2> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("AuxKey1", m_AuxKey1, Label{"Aux Key 1 Function"});
     v("AuxKey2", m_AuxKey2, Label{"Aux Key 2 Function"});
     v("OffHook", m_OffHook, Label{"Off Hook Operation"}, OnOff{});

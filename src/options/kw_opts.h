@@ -59,7 +59,7 @@ class CKwOpts : public CFieldOption<CKwOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("PrivacyOption", m_PrivacyOption, Label{"Digital Voice Privacy"},
       WordsOf(kPrivacyOptionWords));
     v("EncryptType", m_EncryptType, Label{"Encryption Type"}, WordsOf(kEncryptTypeWords));

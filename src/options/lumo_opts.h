@@ -52,7 +52,7 @@ class CLumoOpts : public CFieldOption<CLumoOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Signalling", m_Signalling, Label{"Signalling"}, WordsOf(kLumoSignallingWords));
     v("Backlight", m_Backlight, Label{"Backlight"}, WordsOf(kLumoBacklightWords));
     v("BacklightTime", m_BacklightTime, Since{2}, Label{"Backlight Time (sec)"});
@@ -93,7 +93,7 @@ class CFennOpts : public CFieldOption<CFennOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("RefOsc", m_RefOsc, Label{"Reference Oscillator"});
     v("PowerButton", m_PowerButton, Label{"Power Button"}, WordsOf(kPowerButtonWords));
   }

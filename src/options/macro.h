@@ -27,7 +27,7 @@ class CMacro : public CObject {
   void Serialize(CArchive& ar) override;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Activate", m_Activate);
     v("Stroke", m_Stroke);
   }

@@ -56,7 +56,7 @@ class CMmsMsg : public CFieldRecord<CMmsMsg, CObject> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Text", m_Text);
     v("MsgType", m_MsgType, Label{"Type"}, WordsOf(kMmsTypeWords));
     v("Prompt", m_Prompt, Label{"Prompt"});
@@ -153,7 +153,7 @@ class CMmsOpts : public CFieldOption<CMmsOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("LocalId", m_LocalId, Label{"Local ID"});
     v("IpAddress", m_IpAddress, Label{"IP Address"});
     v("Port", m_Port, Label{"Port"});

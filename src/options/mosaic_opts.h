@@ -36,7 +36,7 @@ class CMosaicOpts : public CFieldOption<CMosaicOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("UdpPort", m_UdpPort);
     v("PowerUpState", m_PowerUpState);
   }

@@ -81,7 +81,7 @@ class CNetworkOpts : public CFieldOption<CNetworkOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("NetRadioType", m_NetRadioType, Label{"Network Radio Type"}, WordsOf(kNetRadioWords));
     v("Controller", m_Controller, Label{"Network Controller"}, OnOff{});
     v("Connection", m_Connection, Label{"Connection"}, WordsOf(kNetConnectionWords));
@@ -148,7 +148,7 @@ class CMultipleRadioSonvraOpts : public CFieldOption<CMultipleRadioSonvraOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("SwitchDelta", m_SwitchDelta, Label{"Audio Switch Delta"});
     v("TransitionLevel", m_TransitionLevel, Label{"Audio Transition Level"});
     v("MinTrkLevel", m_MinTrkLevel, Label{"Minimum Trunked Level"});

@@ -40,7 +40,7 @@ class CP25OtarOpts : public CSerial {
   void printOptToBuffer(CStringArray& out, const CPersonality* personality) const;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Mnp", m_Mnp);
     v("RetryTimer", m_RetryTimer);
     v("KmfRsi", m_KmfRsi);

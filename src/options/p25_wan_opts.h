@@ -38,7 +38,7 @@ class CP25TrkWan : public CSerial {
   void printToBuffer(CStringArray& out, const CPersonality* personality) const;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("NetworkName", m_NetworkName);
     v("NetworkAddr", m_NetworkAddr, Hex{});
     v("SystemId", m_SystemId, Hex{});
@@ -95,7 +95,7 @@ class CP25tWanOpts : public CSerial {
   void printOptToBuffer(CStringArray& out, const CPersonality* personality) const;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Wans", m_Wans);
   }
   PERSONA_FIELDS(CSerial)

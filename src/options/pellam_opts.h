@@ -42,7 +42,7 @@ class CPellamOpts : public CSerial {
   void printOptToBuffer(CStringArray& out, const CPersonality* personality) const;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("PlmRxAlertTone", m_PlmRxAlertTone, Label{"Receive Alert Tone"}, OnOff{});
     v("AutoAck", m_AutoAck, Label{"Automatic Acknowledge"}, OnOff{});
     v("MaxStoredMsgs", m_MaxStoredMsgs, Label{"Stored Messages"});

@@ -78,7 +78,7 @@ class CPowerUpOpts : public CFieldOption<CPowerUpOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("VolumeMode", m_VolumeMode, Label{"Volume"}, WordsOf(kLastFixedWords));
     v("Volume", m_Volume, Label{"Volume Level"});
     v("SquelchMode", m_SquelchMode, Label{"Squelch"}, WordsOf(kLastFixedWords));

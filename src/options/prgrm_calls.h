@@ -36,7 +36,7 @@ class CCallNameList : public CFieldOption<Derived> {
 
   // The fields in archive order.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Calls", m_Calls);
   }
 

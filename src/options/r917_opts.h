@@ -53,7 +53,7 @@ class CR917Opts : public CFieldOption<CR917Opts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("UnitType", m_UnitType, Label{"Unit Type"}, WordsOf(kUnitTypeWords));
     v("UnitDisplay", m_UnitDisplay, Label{"Unit Display"}, OnOff{});
     v("DualCtrl", m_DualCtrl, Label{"Dual Control"}, OnOff{});

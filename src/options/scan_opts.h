@@ -64,7 +64,7 @@ class CScanOpts : public CFieldOption<CScanOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("ScanList", m_ScanList, Label{"Scan List"}, WordsOf(kScanListWords));
     v("HomeGroupScan", m_HomeGroupScan, Label{"Home Group Scan"}, OnOff{});
     v("P1Program", m_P1Program, Label{"Priority 1 Programming"}, WordsOf(kPriorityProgramWords));
@@ -137,7 +137,7 @@ class CConvScanOpts : public CFieldOption<CConvScanOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Scan", m_Scan, Label{"Conventional Scan"}, OnOff{});
     v("HomeChan", m_HomeChan, Label{"Home Channel"}, RefersTo{RefKind::Channel, 0, "HomeSystem"});
     v("HomeSystem", m_HomeSystem, Label{"Home System"}, RefersTo{RefKind::System});
@@ -199,7 +199,7 @@ class CLumoConvScanOpts : public CFieldOption<CLumoConvScanOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("P1Chan", m_P1Chan, Label{"Priority 1 Channel"}, RefersTo{RefKind::Channel, 0, "P1System"});
     v("P2Chan", m_P2Chan, Label{"Priority 2 Channel"}, RefersTo{RefKind::Channel, 0, "P2System"});
     v("P1System", m_P1System, Since{2}, Label{"Priority 1 System"}, RefersTo{RefKind::System});

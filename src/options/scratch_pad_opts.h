@@ -59,7 +59,7 @@ class CScratchPadOpts : public CSerial {
   void printOptToBuffer(CStringArray& out, const CPersonality* personality) const;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("NumScratchPad", m_NumScratchPad, Label{"Storage Locations"});
     v("Lids", m_Lids, Label{"Logical IDs"});
     v("PhoneNumbers", m_PhoneNumbers, Label{"Phone Numbers"});

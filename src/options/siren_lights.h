@@ -47,7 +47,7 @@ class CSirenLights : public CFieldRecord<CSirenLights, CObject> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Mode", m_Mode, Label{"Mode"}, WordsOf(kSirenModeWords));
     v("Siren", m_Siren, Label{"Siren"}, WordsOf(kSirenToneWords));
     v("Cancel", m_Cancel, Label{"Cancel"}, OnOff{});
@@ -101,7 +101,7 @@ class CSirenLightsOpts : public CFieldOption<CSirenLightsOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Entries", m_Entries);
     v("Timeout", m_Timeout, Label{"Time-out (sec)"});
   }

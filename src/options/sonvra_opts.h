@@ -53,7 +53,7 @@ class CSonvraOpts : public CFieldOption<CSonvraOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("PriMinLevel", m_PriMinLevel, Label{"Priority Minimum Level"});
     v("PriTransLevel", m_PriTransLevel, Label{"Priority Transition Level"});
     v("NonPriMinLevel", m_NonPriMinLevel, Label{"Non-Priority Minimum Level"});

@@ -58,7 +58,7 @@ class CExtSpkrOpts : public CFieldOption<CExtSpkrOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Enable", m_Enable, Label{"External Speaker"}, OnOff{});
     v("Active", m_Active, Label{"Active Level"}, WordsOf(kActiveLevelWords));
     v("Output", m_Output, Label{"Output Number"});
@@ -109,7 +109,7 @@ class CPubAddOpts : public CFieldOption<CPubAddOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Enable", m_Enable, Label{"Public Address"}, OnOff{});
     v("Active", m_Active, Label{"Active Level"}, WordsOf(kActiveLevelWords));
     v("Output", m_Output, Label{"Output Number"});

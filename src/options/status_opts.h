@@ -62,7 +62,7 @@ class CStatus : public CFieldOption<CStatus> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Statuses", m_Statuses);
     v("TxType", m_TxType, Label{"Status Transmit Type"}, WordsOf(kStatusTxWords));
     v("SelectTime", m_SelectTime, Label{"Select Time (sec)"});
@@ -110,7 +110,7 @@ class CMessage : public CFieldOption<CMessage> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Messages", m_Messages);
   }
 

@@ -50,7 +50,7 @@ class CSupervisoryOpts : public CSerial {
   void printOptToBuffer(CStringArray& out, const CPersonality* personality) const;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("EmerDeclare", m_EmerDeclare, Label{"Emergency Declare"}, OnOff{});
     v("EmerClear", m_EmerClear, Label{"Emergency Clear"}, OnOff{});
     v("EmerLID", m_EmerLID, Label{"Emergency ID"}, OnOff{});

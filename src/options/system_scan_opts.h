@@ -48,7 +48,7 @@ class CSystemScanOpts : public CFieldOption<CSystemScanOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("ScanType", m_ScanType, Label{"System Scan Type"}, WordsOf(kSystemScanWords));
     v("PriorityScan", m_PriorityScan, Label{"Priority System Scan"}, OnOff{});
     v("PriorityScanTime", m_PriorityScanTime, Label{"Priority Scan Time (ms)"});

@@ -60,7 +60,7 @@ class CTimerOpts : public CFieldOption<CTimerOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("ICallTimeout", m_ICallTimeout, Label{"ICALL Time-out (%)"});
     v("QueuedTimeout", m_QueuedTimeout, Label{"Queued Time-out (%)"});
     v("SpCallTimeout", m_SpCallTimeout, Label{"Special Call Time-out (%)"});

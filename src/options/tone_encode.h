@@ -55,7 +55,7 @@ class CToneSeq : public CObject {
   void printToBuffer(OptionBlock& block) const;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Name", m_Name);
     v("EncodeType", m_EncodeType);
     v("EncodingTrigger", m_EncodingTrigger);
@@ -113,7 +113,7 @@ class CToneEncode : public CSerial {
   void printOptToBuffer(CStringArray& out, const CPersonality* personality) const;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Seqs", m_Seqs);
     v("SideTone", m_SideTone);
     v("ToneLevel", m_ToneLevel, Since{2});

@@ -65,7 +65,7 @@ class CVantorOpts : public CSerial {
   void printOptToBuffer(CStringArray& out, const CPersonality* personality) const;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("EnVantor", m_EnVantor);
     v("EnEmer", m_EnEmer);
     v("Emer", m_Emer);

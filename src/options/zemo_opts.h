@@ -52,7 +52,7 @@ class CZemoOpts : public CFieldOption<CZemoOpts> {
 
   // The fields in archive order; Since{n} marks the schema that added a field.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("BattAlarm", m_BattAlarm, Label{"Battery Alarm"}, OnOff{});
     v("BattRepeatTime", m_BattRepeatTime, Label{"Battery Repeat Time (sec)"});
     v("MicGain", m_MicGain, Label{"External Mic Gain"}, WordsOf(kMicGainWords));

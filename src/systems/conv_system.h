@@ -52,7 +52,7 @@ class CConvSystem : public CSystem {
   void Serialize(CArchive& ar) override;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("T99wcg", m_T99wcg);
     v("T99Super", m_T99Super);
     v("T99Group", m_T99Group);

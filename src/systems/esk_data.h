@@ -26,7 +26,7 @@ class CEskData : public CObject {
   void Serialize(CArchive& ar) override;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("EskId", m_EskId);
     v("Esk", m_Esk);
   }

@@ -35,7 +35,7 @@ class CExtAddGroup : public CGroup {
   void Serialize(CArchive& ar) override;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("EaGrpId", m_EaGrpId);
     v("KeyBank", m_KeyBank);
   }

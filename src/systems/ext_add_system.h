@@ -27,7 +27,7 @@ class CExtAddSystem : public CTrunkSystem {
   void Serialize(CArchive& ar) override;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("EaUnit", m_EaUnit);
     v("EaSite", m_EaSite);
     v("eaSpare", m_eaSpare);

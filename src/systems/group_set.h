@@ -64,7 +64,7 @@ class CGroup : public CObject {
   void Serialize(CArchive& ar) override;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Name", m_Name);
     v("GrpId", m_GrpId);
     v("Tx", m_Tx);
@@ -148,7 +148,7 @@ class CGroupSet : public CElementSet, public CSetKeyList {
   void Serialize(CArchive& ar) override;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("SchemaKnown", m_schemaKnown, Transient{});
     v("LoadedSchema", m_loadedSchema, Transient{});
     v("HomeGrp", m_HomeGrp, RefersTo{RefKind::Group});

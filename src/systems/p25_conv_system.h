@@ -41,7 +41,7 @@ class CP25ConvSystem : public CSystem {
   void Serialize(CArchive& ar) override;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("DTMF", m_DTMF);
     v("Unit", m_Unit);
     v("P25ConvSetName", m_P25ConvSetName, RefersTo{RefKind::Set, P25ConvSetType});

@@ -62,7 +62,7 @@ class CP25Group : public CObject {
   void Serialize(CArchive& ar) override;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("LoadedSchema", m_loadedSchema, Transient{});
     v("SchemaRead", m_schemaRead, Transient{});
     v("Name", m_Name);
@@ -148,7 +148,7 @@ class CP25GroupSet : public CElementSet {
   void Serialize(CArchive& ar) override;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("HomeGrp", m_HomeGrp, RefersTo{RefKind::Group});
     v("Priority1Grp", m_Priority1Grp, RefersTo{RefKind::Group});
     v("Priority2Grp", m_Priority2Grp, RefersTo{RefKind::Group});

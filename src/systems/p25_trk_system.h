@@ -74,7 +74,7 @@ class CP25TrkSystem : public CTrunkSystem {
 
   // Listed in archive order (the home unit ID follows the home WAN name).
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("WaNetName", m_WaNetName, RefersTo{RefKind::Wan});
     v("SystemNac", m_SystemNac, Hex{});
     v("p25Spare1", m_p25Spare1);

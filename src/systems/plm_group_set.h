@@ -48,7 +48,7 @@ class CPlmGroup : public CObject {
   void Serialize(CArchive& ar) override;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Name", m_Name);
     v("Tone", m_Tone);
     v("FastBusy", m_FastBusy);

@@ -70,7 +70,7 @@ class CPlmSystem : public CSystem {
 
   // Listed in declaration order; Serialize writes the tone tables interleaved.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("BusyToneType", m_BusyToneType);
     v("indDecAlarm", m_indDecAlarm);
     v("AutoInterConnect", m_AutoInterConnect);

@@ -117,7 +117,7 @@ class CSystem : public CSerial {
   static std::uint64_t NameEpoch();
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Name", m_Name);
     v("SysType", m_SysType);
     v("PowerLevel", m_PowerLevel);

@@ -52,7 +52,7 @@ class CTrunkChannel : public CObject {
   void Serialize(CArchive& ar) override;
 
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("TxFreq", m_TxFreq);
     v("RxFreq", m_RxFreq);
     v("OscShift", m_OscShift);
@@ -144,7 +144,7 @@ class CTrunkSet : public CElementSet, public CSetKeyList {
 
   // Archive order (BaudRate comes last although it is declared before BandWidth).
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("TxMinFreq", m_TxMinFreq);
     v("TxMaxFreq", m_TxMaxFreq);
     v("RxMinFreq", m_RxMinFreq);

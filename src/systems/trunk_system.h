@@ -91,7 +91,7 @@ class CTrunkSystem : public CSystem {
   // Listed in archive order. The trunked key pair is named TrunkESK / TrunkEskName here, beside
   // the base pair's ESK / EskName.
   template <class V>
-  void Fields(V& v) {
+  PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("ScannedSystems", m_ScannedSystems, RefersTo{RefKind::System});
     v("EmerAudio", m_EmerAudio);
     v("EmerDisplay", m_EmerDisplay);

@@ -205,6 +205,49 @@ TEST(ArchiveObjects, NullAndClassTagsAndBackReferences) {
             "01 80 00 00 00 00 00 02 00");
 }
 
+TEST(ArchiveObjects, OwnedRecordsTakeIndexesButAreNeverReferencedBack) {
+  CEskData a;
+  a.SetEskId("A");
+  CEskData k;
+  k.SetEskId("K");
+  const std::vector<BYTE> bytes = Store([&](CArchive& ar) {
+    ar.WriteOwnedObject(&a);  // class #1, record #2
+    ar.WriteOwnedObject(&a);  // stored in full again: record #3
+    ar.WriteObject(&k);       // record #4
+    ar.WriteObject(&k);       // a back-reference to #4
+  });
+  EXPECT_EQ(Hex(bytes),
+            "ff ff 01 00 08 00 43 45 73 6b 44 61 74 61 01 41 00 00 00 00 "
+            "01 80 01 41 00 00 00 00 01 80 01 4b 00 00 00 00 04 00");
+  CArchive in(bytes.data(), bytes.size(), "owned.bin");
+  auto first = in.ReadOwnedObject(RUNTIME_CLASS(CEskData));
+  auto second = in.ReadOwnedObject(RUNTIME_CLASS(CEskData));
+  CObject* shared = in.ReadSharedObject(RUNTIME_CLASS(CEskData));
+  EXPECT_EQ(in.ReadSharedObject(RUNTIME_CLASS(CEskData)), shared);
+  EXPECT_NE(first.get(), second.get());
+  EXPECT_EQ(static_cast<CEskData*>(second.get())->GetEskId(), "A");
+  EXPECT_EQ(static_cast<CEskData*>(shared)->GetEskId(), "K");
+  EXPECT_EQ(in.GetRemaining(), 0u);
+}
+
+TEST(ArchiveObjects, AValueCutShortInsideARecordIsReportedWhereTheValueBegins) {
+  CEskData a;
+  a.SetEskId("A");
+  a.SetEsk(7);
+  std::vector<BYTE> bytes = Store([&](CArchive& ar) { ar.WriteObject(&a); });
+  ASSERT_EQ(bytes.size(), 20u);  // tag 14, the name 2, the key 4
+  bytes.resize(18);
+  CArchive in(bytes.data(), bytes.size(), "cut.bin");
+  try {
+    in.ReadOwnedObject(RUNTIME_CLASS(CEskData));
+    FAIL();
+  } catch (const CArchiveException& e) {
+    EXPECT_EQ(e.m_cause, CArchiveException::endOfFile);
+    EXPECT_EQ(e.m_offset, 16u);
+    EXPECT_NE(std::string(e.what()).find("4 bytes needed, 2 left"), std::string::npos) << e.what();
+  }
+}
+
 TEST(ArchiveObjects, OwnedReadsRefuseBackReferences) {
   CEskData a;
   const std::vector<BYTE> bytes = Store([&](CArchive& ar) {
