@@ -17,6 +17,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <string>
 #include <type_traits>
 
 #include "framework/archive.h"
@@ -216,13 +217,11 @@ class FieldArchiver {
       Put<T>(m);
     } else if constexpr (std::is_array_v<T>) {
       for (auto& e : m) Store(e);
+    } else if constexpr (std::is_same_v<T, CString>) {
+      StoreString(m);
     } else {
       GiveCursor();
-      if constexpr (std::is_same_v<T, CString>) {
-        m_ar << m;
-      } else {
-        m.Serialize(m_ar);
-      }
+      m.Serialize(m_ar);
       TakeCursor();
     }
   }
@@ -234,15 +233,49 @@ class FieldArchiver {
       m = Get<T>();
     } else if constexpr (std::is_array_v<T>) {
       for (auto& e : m) Load(e);
+    } else if constexpr (std::is_same_v<T, CString>) {
+      LoadString(m);
     } else {
       GiveCursor();
-      if constexpr (std::is_same_v<T, CString>) {
-        m_ar >> m;
-      } else {
-        m.Serialize(m_ar);
-      }
+      m.Serialize(m_ar);
       TakeCursor();
     }
+  }
+
+  // Strings shorter than 255 bytes (names, codes: nearly all of them) are a length byte and
+  // the bytes, copied here; longer ones, and the wide form, go through the archive.
+  PERSONA_ALWAYS_INLINE void StoreString(const CString& m) {
+    const std::string& text = m.str();
+    const std::size_t n = text.size();
+    if (n < 0xFF) {
+      if (static_cast<std::size_t>(m_outEnd - m_out) < n + 1) Room(n + 1);
+      *m_out++ = static_cast<BYTE>(n);
+      if (n != 0) std::memcpy(m_out, text.data(), n);
+      m_out += n;
+      return;
+    }
+    GiveCursor();
+    m_ar << m;
+    TakeCursor();
+  }
+  PERSONA_ALWAYS_INLINE void LoadString(CString& m) {
+    const std::size_t left = static_cast<std::size_t>(m_inEnd - m_in);
+    if (left != 0 && *m_in < 0xFF && *m_in < left) {
+      const std::size_t n = *m_in;
+      const char* text = reinterpret_cast<const char*>(m_in + 1);
+      std::string& out = m.str();
+      if (n <= 15) {  // fits the string's own buffer: no call, no allocation
+        out.clear();
+        for (std::size_t i = 0; i < n; ++i) out.push_back(text[i]);
+      } else {
+        out.assign(text, n);
+      }
+      m_in += 1 + n;
+      return;
+    }
+    GiveCursor();
+    m_ar >> m;
+    TakeCursor();
   }
 
   CArchive& m_ar;

@@ -3,6 +3,7 @@
 // answers), nesting limits and hostile counts.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <random>
 #include <string>
@@ -245,6 +246,39 @@ TEST(ArchiveObjects, AValueCutShortInsideARecordIsReportedWhereTheValueBegins) {
     EXPECT_EQ(e.m_cause, CArchiveException::endOfFile);
     EXPECT_EQ(e.m_offset, 16u);
     EXPECT_NE(std::string(e.what()).find("4 bytes needed, 2 left"), std::string::npos) << e.what();
+  }
+}
+
+TEST(ArchiveObjects, RecordStringsAtEveryPrefixBoundaryRoundTrip) {
+  // Record fields take a short path for one-byte length prefixes; longer strings go through
+  // the archive's own string code. Both must give the same bytes as the plain string form.
+  for (const std::size_t n : {0u, 1u, 15u, 16u, 254u, 255u, 300u, 70000u}) {
+    CEskData a;
+    a.SetEskId(CString(std::string(n, static_cast<char>('a' + n % 26))));
+    a.SetEsk(static_cast<LONG>(n));
+    const std::vector<BYTE> record = Store([&](CArchive& ar) { ar.WriteObject(&a); });
+    const std::vector<BYTE> plain = Store([&](CArchive& ar) {
+      ar << a.GetEskId();
+      ar << static_cast<LONG>(n);
+    });
+    ASSERT_EQ(record.size(), 14 + plain.size()) << n;
+    EXPECT_TRUE(std::equal(plain.begin(), plain.end(), record.begin() + 14)) << n;
+    CArchive in(record.data(), record.size(), "strings.bin");
+    auto back = in.ReadOwnedObject(RUNTIME_CLASS(CEskData));
+    EXPECT_EQ(static_cast<CEskData*>(back.get())->GetEskId(), a.GetEskId()) << n;
+    EXPECT_EQ(static_cast<CEskData*>(back.get())->GetEsk(), static_cast<LONG>(n)) << n;
+    // Cut inside the string: the failure names the string, at its length prefix.
+    if (n > 1) {
+      CArchive cut(record.data(), 14 + plain.size() - 4 - n / 2, "cut.bin");
+      try {
+        cut.ReadOwnedObject(RUNTIME_CLASS(CEskData));
+        ADD_FAILURE() << n;
+      } catch (const CArchiveException& e) {
+        EXPECT_EQ(e.m_cause, CArchiveException::endOfFile) << n;
+        EXPECT_NE(std::string(e.what()).find("a string of " + std::to_string(n)), std::string::npos)
+            << e.what();
+      }
+    }
   }
 }
 
