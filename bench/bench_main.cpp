@@ -41,25 +41,36 @@ double Fastest(const std::vector<double>& values) {
 // Prints the fastest repetition of every benchmark and keeps its time per iteration by name.
 class CollectingReporter : public benchmark::ConsoleReporter {
  public:
-  std::map<std::string, double> seconds;
+  struct Figure {
+    double seconds = 0;  // per iteration, fastest repetition
+    double bytes = 0;    // per iteration
+    double records = 0;  // per iteration
+  };
+  std::map<std::string, Figure> figures;
 
   void ReportRuns(const std::vector<Run>& runs) override {
     std::vector<Run> fastest;
     for (const Run& run : runs) {
       if (run.run_type != Run::RT_Aggregate || run.aggregate_name != "min") continue;
       if (run.error_occurred || run.iterations == 0) continue;
-      seconds[run.run_name.function_name] =
-          run.real_accumulated_time / static_cast<double>(run.iterations);
+      Figure& f = figures[run.run_name.function_name];
+      f.seconds = run.real_accumulated_time / static_cast<double>(run.iterations);
+      const auto bytes = run.counters.find("bytes");
+      const auto records = run.counters.find("records");
+      if (bytes != run.counters.end()) f.bytes = bytes->second.value;
+      if (records != run.counters.end()) f.records = records->second.value;
       fastest.push_back(run);
     }
     if (!fastest.empty()) ConsoleReporter::ReportRuns(fastest);
   }
 
-  // Seconds per iteration of op at channels, or 0 when it did not run.
-  double Time(const char* op, int channels) const {
-    const auto it = seconds.find(std::string(op) + "/" + Label(channels));
-    return it == seconds.end() ? 0.0 : it->second;
+  // The figure of op at channels (all zero when it did not run).
+  Figure Of(const char* op, int channels) const {
+    const auto it = figures.find(std::string(op) + "/" + Label(channels));
+    return it == figures.end() ? Figure() : it->second;
   }
+  // Seconds per iteration of op at channels, or 0 when it did not run.
+  double Time(const char* op, int channels) const { return Of(op, channels).seconds; }
 };
 
 void Register() {
@@ -169,6 +180,29 @@ void PrintRatios(const CollectingReporter& r) {
   }
 }
 
+void PrintThroughput(const CollectingReporter& r) {
+  std::printf(
+      "\nThroughput (fastest of %d repetitions; refresh: its 1,000 global set files at "
+      "64,000):\n  %-15s",
+      kRepetitions, "operation");
+  for (int channels : kHeadline) std::printf(" %35s", (Label(channels) + " channels").c_str());
+  std::printf("\n");
+  for (const Operation& op : Operations()) {
+    std::printf("  %-15s", op.name);
+    for (int channels : kHeadline) {
+      const int size = op.refresh ? (channels == 65000 ? 64000 : -1) : channels;
+      const CollectingReporter::Figure f = r.Of(op.name, size);
+      if (f.seconds <= 0) {
+        std::printf(" %35s", "-");
+        continue;
+      }
+      std::printf(" %10.1f us %7.0f MB/s %6.2f Mrec/s", f.seconds * 1e6, f.bytes / f.seconds / 1e6,
+                  f.records / f.seconds / 1e6);
+    }
+    std::printf("\n");
+  }
+}
+
 void PrintScaling(const CollectingReporter& r) {
   std::printf("\nScaling, time(2N) / time(N) (goal at most 2.3):\n  %-15s", "operation");
   for (std::size_t i = 1; i < std::size(kSeries); ++i) std::printf(" %5dk", kSeries[i] / 1000);
@@ -242,6 +276,7 @@ int main(int argc, char** argv) {
     CollectingReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     PrintRatios(reporter);
+    PrintThroughput(reporter);
     PrintScaling(reporter);
     PrintMemory(memory);
   } catch (const std::exception& e) {

@@ -1,6 +1,7 @@
 // The benchmarked operations. Each runs one operation on the case of a size (bench_cases.h) for
-// as many iterations as Google Benchmark asks, and reports bytes/s (the bytes of the
-// personality's file) and records/s (the records of its object graph). Loads, copies and the
+// as many iterations as Google Benchmark asks, and reports the bytes (of the personality's file)
+// and records (of its object graph) that one iteration moves, from which the run's summary
+// works out bytes/s and records/s. Loads, copies and the
 // operations that change a personality time only the operation itself: making the fresh copy
 // it works on and destroying what it made are left out of the clock.
 #pragma once
