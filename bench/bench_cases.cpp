@@ -21,21 +21,10 @@ namespace {
 namespace fs = std::filesystem;
 
 // Counts the records of owned lists, recursively; ignores every other field.
-class RecordCounter : public CFieldVisitor {
+class RecordCounter : public CFieldSkipper {
  public:
+  using CFieldSkipper::Field;
   std::size_t count = 0;
-  void Field(const FieldInfo&, bool&) override {}
-  void Field(const FieldInfo&, BYTE&) override {}
-  void Field(const FieldInfo&, WORD&) override {}
-  void Field(const FieldInfo&, short&) override {}
-  void Field(const FieldInfo&, DWORD&) override {}
-  void Field(const FieldInfo&, LONG&) override {}
-  void Field(const FieldInfo&, double&) override {}
-  void Field(const FieldInfo&, CString&) override {}
-  void Field(const FieldInfo&, CStringArray&) override {}
-  void Field(const FieldInfo&, CWordArray&) override {}
-  void Field(const FieldInfo&, WORD*, std::size_t) override {}
-  void Field(const FieldInfo&, CObList&) override {}
   void Field(const FieldInfo&, COwnedObList& list) override {
     for (int i = 0; i < list.GetCount(); ++i) {
       CObject* record = list.GetAt(i);

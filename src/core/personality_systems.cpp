@@ -26,8 +26,9 @@ CString TrimmedKey(const CObject& system) {
 }
 
 // Reads the "Name" field of a record through its field description.
-class NameReader : public CFieldVisitor {
+class NameReader : public CFieldSkipper {
  public:
+  using CFieldSkipper::Field;
   bool found = false;
   CString name;
 
@@ -37,18 +38,6 @@ class NameReader : public CFieldVisitor {
       found = true;
     }
   }
-  void Field(const FieldInfo&, bool&) override {}
-  void Field(const FieldInfo&, BYTE&) override {}
-  void Field(const FieldInfo&, WORD&) override {}
-  void Field(const FieldInfo&, short&) override {}
-  void Field(const FieldInfo&, DWORD&) override {}
-  void Field(const FieldInfo&, LONG&) override {}
-  void Field(const FieldInfo&, double&) override {}
-  void Field(const FieldInfo&, CStringArray&) override {}
-  void Field(const FieldInfo&, CWordArray&) override {}
-  void Field(const FieldInfo&, WORD*, std::size_t) override {}
-  void Field(const FieldInfo&, COwnedObList&) override {}
-  void Field(const FieldInfo&, CObList&) override {}
 };
 
 // Appends the "Name" of every element of set that has one.

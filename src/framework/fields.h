@@ -102,6 +102,25 @@ class CFieldVisitor {
   virtual void Field(const FieldInfo& f, CObList& v) = 0;
 };
 
+// A visitor that passes over every field: visitors interested in a few field types derive from
+// it, override those (bringing the rest in with `using CFieldSkipper::Field;`) and skip the others.
+class CFieldSkipper : public CFieldVisitor {
+ public:
+  void Field(const FieldInfo&, bool&) override {}
+  void Field(const FieldInfo&, BYTE&) override {}
+  void Field(const FieldInfo&, WORD&) override {}
+  void Field(const FieldInfo&, short&) override {}
+  void Field(const FieldInfo&, DWORD&) override {}
+  void Field(const FieldInfo&, LONG&) override {}
+  void Field(const FieldInfo&, double&) override {}
+  void Field(const FieldInfo&, CString&) override {}
+  void Field(const FieldInfo&, CStringArray&) override {}
+  void Field(const FieldInfo&, CWordArray&) override {}
+  void Field(const FieldInfo&, WORD*, std::size_t) override {}
+  void Field(const FieldInfo&, COwnedObList&) override {}
+  void Field(const FieldInfo&, CObList&) override {}
+};
+
 namespace fields_detail {
 
 template <class... O>

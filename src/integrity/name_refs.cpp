@@ -20,8 +20,9 @@ constexpr const char* kListPathNames[kNumSetTypes] = {
 
 // Visits one record: gathers its name fields, its string fields (to read scope fields) and the
 // owned lists below it. Sub-records are walked by the caller, after the visit.
-class RecordScan : public CFieldVisitor {
+class RecordScan : public CFieldSkipper {
  public:
+  using CFieldSkipper::Field;
   struct Pending {
     const char* field;
     RefersTo ref;
@@ -40,16 +41,6 @@ class RecordScan : public CFieldVisitor {
     if (f.refersTo != nullptr) pending.push_back({f.name, *f.refersTo, nullptr, &v});
   }
   void Field(const FieldInfo& f, COwnedObList& v) override { owned.emplace_back(f.name, &v); }
-  void Field(const FieldInfo&, bool&) override {}
-  void Field(const FieldInfo&, BYTE&) override {}
-  void Field(const FieldInfo&, WORD&) override {}
-  void Field(const FieldInfo&, short&) override {}
-  void Field(const FieldInfo&, DWORD&) override {}
-  void Field(const FieldInfo&, LONG&) override {}
-  void Field(const FieldInfo&, double&) override {}
-  void Field(const FieldInfo&, CWordArray&) override {}
-  void Field(const FieldInfo&, WORD*, std::size_t) override {}
-  void Field(const FieldInfo&, CObList&) override {}
 
   CString* StringField(const char* name) const {
     for (const auto& [n, v] : strings) {

@@ -115,24 +115,13 @@ TEST(GlobalSets, ReadHandsOverTheSetByClassAndTellsTheType) {
 }
 
 // Sets the byte field called name of rec (the set type byte has no public setter).
-class ByteSetter : public CFieldVisitor {
+class ByteSetter : public CFieldSkipper {
  public:
+  using CFieldSkipper::Field;
   ByteSetter(const char* name, BYTE value) : m_name(name), m_value(value) {}
   void Field(const FieldInfo& f, BYTE& v) override {
     if (std::string(f.name) == m_name) v = m_value;
   }
-  void Field(const FieldInfo&, bool&) override {}
-  void Field(const FieldInfo&, WORD&) override {}
-  void Field(const FieldInfo&, short&) override {}
-  void Field(const FieldInfo&, DWORD&) override {}
-  void Field(const FieldInfo&, LONG&) override {}
-  void Field(const FieldInfo&, double&) override {}
-  void Field(const FieldInfo&, CString&) override {}
-  void Field(const FieldInfo&, CStringArray&) override {}
-  void Field(const FieldInfo&, CWordArray&) override {}
-  void Field(const FieldInfo&, WORD*, std::size_t) override {}
-  void Field(const FieldInfo&, COwnedObList&) override {}
-  void Field(const FieldInfo&, CObList&) override {}
 
  private:
   std::string m_name;

@@ -33,8 +33,9 @@ namespace persona::test {
 namespace {
 
 // Finds the string field or list called name.
-class TextField : public CFieldVisitor {
+class TextField : public CFieldSkipper {
  public:
+  using CFieldSkipper::Field;
   explicit TextField(const char* name) : m_name(name) {}
   CString* text = nullptr;
   CStringArray* list = nullptr;
@@ -45,17 +46,6 @@ class TextField : public CFieldVisitor {
   void Field(const FieldInfo& f, CStringArray& v) override {
     if (list == nullptr && std::strcmp(f.name, m_name) == 0) list = &v;
   }
-  void Field(const FieldInfo&, bool&) override {}
-  void Field(const FieldInfo&, BYTE&) override {}
-  void Field(const FieldInfo&, WORD&) override {}
-  void Field(const FieldInfo&, short&) override {}
-  void Field(const FieldInfo&, DWORD&) override {}
-  void Field(const FieldInfo&, LONG&) override {}
-  void Field(const FieldInfo&, double&) override {}
-  void Field(const FieldInfo&, CWordArray&) override {}
-  void Field(const FieldInfo&, WORD*, std::size_t) override {}
-  void Field(const FieldInfo&, COwnedObList&) override {}
-  void Field(const FieldInfo&, CObList&) override {}
 
  private:
   const char* m_name;
