@@ -229,7 +229,7 @@ case "$case_name" in
     expect_rc 2 timeout 10 "$persona" info d
     contains err.txt "persona: error: cannot read d: it is a folder, not a file"
     expect_rc 2 timeout 10 "$persona" import fifo -o x.pers
-    contains err.txt "cannot read fifo: it is a FIFO (named pipe), not a file"
+    contains err.txt "cannot read fifo: it is a FIFO (named pipe), not a file; give - to read"
     expect_rc 3 "$persona" import sample.json -o d
     contains err.txt "cannot write d: it is a folder, not a file"
     expect_rc 2 "$persona" info sample.json

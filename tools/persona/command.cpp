@@ -1,6 +1,7 @@
 // The shared steps of the persona commands: loading inputs, writing outputs atomically.
 #include "command.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -68,7 +69,9 @@ std::vector<BYTE> ReadInput(const std::string& path) {
   try {
     return ReadWholeFile(path);
   } catch (const CException& e) {
-    throw InputError(e.what());
+    struct stat st;
+    const bool pipe = ::stat(path.c_str(), &st) == 0 && S_ISFIFO(st.st_mode);
+    throw InputError(e.what() + std::string(pipe ? "; give - to read standard input" : ""));
   }
 }
 
