@@ -169,6 +169,14 @@ TEST(FileIo, ALinkIsFollowedAndTheReplacedFileKeepsItsMode) {
   WriteFileAtomically(dir + "/link.pers", {3}, backup);
   EXPECT_TRUE(S_ISLNK(ModeOf(dir + "/link.pers")));
   EXPECT_EQ(ModeOf(real) & 07777, 0600u);
+  if (geteuid() == 0) {  // only root may give a file away; the owner then stays too
+    ASSERT_EQ(chown(real.c_str(), 4321, 4322), 0);
+    WriteFileAtomically(dir + "/link.pers", {3});
+    struct stat st {};
+    stat(real.c_str(), &st);
+    EXPECT_EQ(st.st_uid, 4321u);
+    EXPECT_EQ(st.st_gid, 4322u);
+  }
   EXPECT_EQ(ReadWholeFile(real), std::vector<BYTE>{3});
   EXPECT_EQ(ReadWholeFile(real + ".bak"), (std::vector<BYTE>{1, 2}));
   // A link to a file not yet there makes the file; the link stays.
