@@ -1,6 +1,6 @@
-// Fuzz target: a personality JSON document from untrusted hands. Import must fail cleanly (a
-// JSON import failure) or succeed; an imported personality must export, import and export
-// again to the same document.
+// Fuzz target: a personality JSON document from untrusted hands. Import must fail cleanly with a
+// CJsonImportException (any other exception escapes and ends the run as a finding) or succeed; an
+// imported personality must export, import and export again to the same document.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -17,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::unique_ptr<CPersonality> imported;
   try {
     imported = ImportPersonalityJson(doc, "fuzz.json");
-  } catch (const CException&) {
+  } catch (const CJsonImportException&) {
     return 0;
   }
   const std::string text = ExportPersonalityJson(*imported).dump();

@@ -63,7 +63,7 @@ bool IsOptionRecord(const CRuntimeClass* cls) {
 std::unique_ptr<CSet> FilledSet(SetType t, const char* name, int n, int seed) {
   std::unique_ptr<CSet> set(static_cast<CSet*>(CPersonality::SetClassOf(t)->CreateObject()));
   for (int i = 0; i < n; ++i) {
-    CObject* element = set->Elements().GetElementClass()->CreateObject();
+    CObject* element = CRuntimeClass::FromName(CPersonality::ElementClassName(t))->CreateObject();
     test::FillFields(*element, seed + i);
     set->Add(element);
   }
@@ -200,6 +200,11 @@ void WriteDictionaries(const std::string& dir) {
   for (const char* word : {"\"$class\":", "\"$id\":", "\"$ref\":", "\"$f64\":", "\"format\":",
                            "\"formatVersion\":", "\"personality\":", "\"persona-personality\""})
     json += DictEscape(word) + "\n";
+  // Values of every JSON type and of the edges of the number types, so that a value of the wrong
+  // type or range reaches every field the import reads.
+  for (const char* value : {"{}", "[]", "null", "true", "false", "\"\"", "-1", "0.5", "65536",
+                            "4294967296", "-9223372036854775809", "18446744073709551616", "1e999"})
+    json += DictEscape(value) + "\n";
   archive += DictEscape(std::string("\xFF\xFF\xFF\xFF", 4)) + "\n" +
              DictEscape(std::string("\x7F\x7F", 2)) + "\n" +
              DictEscape(std::string("\xFF\xFE\xFF", 3)) + "\n";

@@ -43,7 +43,7 @@ void CICall::Serialize(CArchive& ar) {
   }
 }
 
-CICallSet::CICallSet() : CElementSet(ICallSetType, RUNTIME_CLASS(CICall)) {}
+CICallSet::CICallSet() : CElementSet(ICallSetType) {}
 
 CICallSet::CICallSet(unsigned short, int) : CICallSet() {}
 
@@ -73,10 +73,11 @@ void CICallSet::printToBuffer(CStringArray& out, int setNumber, unsigned short f
        "     ---- ------------  --------  ----------  ------- ------- --------- --------"},
       [firstCall](int position, const CICall& c) {
         return CString::Formatted(
-            "     %2d   %-12s  %-8s  %-10s  %-7u   %-3s     %-3s     %-8s", firstCall + position,
+            "     %2d   %-12s  %-8s  %-10s  %-7d   %-3s     %-3s     %-8s", firstCall + position,
             c.GetName().c_str(), WordOf(kTypeWords, c.GetType()).c_str(),
-            WordOf(kDisplayWords, c.GetDisplay()).c_str(), c.GetDLid(), SwitchWord(c.GetDigital()),
-            SwitchWord(static_cast<unsigned>(c.GetEncrypted())), c.GetWaNetName().c_str());
+            WordOf(kDisplayWords, c.GetDisplay()).c_str(), Signed32(c.GetDLid()),
+            SwitchWord(c.GetDigital()), SwitchWord(static_cast<unsigned>(c.GetEncrypted())),
+            c.GetWaNetName().c_str());
       });
 }
 

@@ -31,7 +31,7 @@ void CPhoneCall::Serialize(CArchive& ar) {
   if (ar.IsLoading() && m_Number == " ") m_Number.Empty();
 }
 
-CPhoneSet::CPhoneSet() : CElementSet(PhoneSetType, RUNTIME_CLASS(CPhoneCall)) {}
+CPhoneSet::CPhoneSet() : CElementSet(PhoneSetType) {}
 
 CPhoneSet::CPhoneSet(unsigned short, int) : CPhoneSet() {}
 

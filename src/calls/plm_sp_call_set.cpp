@@ -27,7 +27,7 @@ int CPlmSpCall::operator==(const CPlmSpCall& o) const { return set_helpers::Same
 
 void CPlmSpCall::Serialize(CArchive& ar) { SerializeFields(ar, *this); }
 
-CPlmSpCallSet::CPlmSpCallSet() : CElementSet(PlmSpCallSetType, RUNTIME_CLASS(CPlmSpCall)) {}
+CPlmSpCallSet::CPlmSpCallSet() : CElementSet(PlmSpCallSetType) {}
 
 CPlmSpCallSet::CPlmSpCallSet(unsigned short, int) : CPlmSpCallSet() {}
 

@@ -27,7 +27,7 @@ int CSpCall::operator==(const CSpCall& o) const { return set_helpers::SameFields
 
 void CSpCall::Serialize(CArchive& ar) { SerializeFields(ar, *this); }
 
-CSpCallSet::CSpCallSet() : CElementSet(SpCallSetType, RUNTIME_CLASS(CSpCall)) {}
+CSpCallSet::CSpCallSet() : CElementSet(SpCallSetType) {}
 
 CSpCallSet::CSpCallSet(unsigned short, int reducedDefaults) : CSpCallSet() {
   if (reducedDefaults != 0) {

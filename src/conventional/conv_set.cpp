@@ -159,7 +159,7 @@ void CConvChannel::Serialize(CArchive& ar) {
 
 // ---- CConvSet --------------------------------------------------------------------------------
 
-CConvSet::CConvSet() : CElementSet(ConvSetType, RUNTIME_CLASS(CConvChannel)) {}
+CConvSet::CConvSet() : CElementSet(ConvSetType) {}
 
 CConvSet::CConvSet(unsigned short t, int reducedDefaults) : CConvSet() {
   if (reducedDefaults != 0 && (t == 54 || t == 4150)) m_Dtmf = 0;

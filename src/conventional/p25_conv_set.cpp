@@ -27,8 +27,8 @@ void PrintChannel(CStringArray& out, int n, const CP25ConvChannel& c) {
       CString::Formatted("                  Rx Frequency      - %-8.4f     Rx Chan Guard   - %-5s",
                          c.GetRxFreq(), c.GetRxCg().c_str()));
   out.Add(
-      CString::Formatted("                  Talk Group ID     - %-7u      Sq Mode         - %-4s",
-                         c.GetTgid(), WordOf(kSqModeWords, c.GetSqMode()).c_str()));
+      CString::Formatted("                  Talk Group ID     - %-7d      Sq Mode         - %-4s",
+                         Signed32(c.GetTgid()), WordOf(kSqModeWords, c.GetSqMode()).c_str()));
   out.Add(CString::Formatted(
       "                  Tx NAC            - %-3x          Rx NAC          - %-3x", c.GetTxNac(),
       c.GetRxNac()));
@@ -81,7 +81,7 @@ void CP25ConvChannel::Serialize(CArchive& ar) {
 
 // ---- CP25ConvSet -----------------------------------------------------------------------------
 
-CP25ConvSet::CP25ConvSet() : CElementSet(P25ConvSetType, RUNTIME_CLASS(CP25ConvChannel)) {}
+CP25ConvSet::CP25ConvSet() : CElementSet(P25ConvSetType) {}
 
 CP25ConvSet::CP25ConvSet(unsigned short, int) : CP25ConvSet() {}
 

@@ -104,9 +104,7 @@ CObject* CPersonality::FindOption(const CRuntimeClass* cls) const {
   return i < 0 ? nullptr : m_options.GetAt(i);
 }
 
-CSerial* CPersonality::GetOption(const CRuntimeClass* cls) const {
-  return dynamic_cast<CSerial*>(FindOption(cls));
-}
+CObject* CPersonality::GetOption(const CRuntimeClass* cls) const { return FindOption(cls); }
 
 void CPersonality::DeleteOption(const CRuntimeClass* cls) {
   const int i = FindOptionIndex(cls);
@@ -120,8 +118,8 @@ CObject* CPersonality::GetOptionAt(int i) const {
 // ---- life cycle ------------------------------------------------------------------------------
 
 void CPersonality::EmptySetList(SetType type) {
-  for (CObject* set : m_sets[type]) {
-    if (set != nullptr) static_cast<CSet*>(set)->CSet::Delete();
+  for (CObject* record : m_sets[type]) {
+    if (auto* set = dynamic_cast<CSet*>(record)) set->CSet::Delete();
   }
   m_sets[type].DeleteAll();
 }

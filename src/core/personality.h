@@ -109,15 +109,16 @@ class CPersonality : public CSerial {
   // Appends option and takes ownership, unless a record of the same class name is held (then
   // nothing happens and the caller still owns option). Null is ignored.
   void PutOption(CObject* option);
-  // The first record of cls's class name, or null; the personality keeps ownership. Records of
-  // that name that do not derive from CSerial answer null here (see FindOption).
-  CSerial* GetOption(const CRuntimeClass* cls) const;
-  // Typed convenience for CSerial option classes: GetOption(RUNTIME_CLASS(T)) as a T*.
+  // The first record whose class name equals cls's (exact, case-sensitive), of whatever base
+  // (options, key records, macros, status messages, tone sequences), or null; the personality
+  // keeps ownership.
+  CObject* GetOption(const CRuntimeClass* cls) const;
+  // GetOption(RUNTIME_CLASS(T)) as a T*; null also when the record of that name is not a T.
   template <class T>
   T* GetOption() const {
-    return static_cast<T*>(GetOption(T::GetThisClass()));
+    return dynamic_cast<T*>(GetOption(T::GetThisClass()));
   }
-  // The first record of cls's class name of whatever base, or null (still owned here).
+  // The same as GetOption(cls).
   CObject* FindOption(const CRuntimeClass* cls) const;
   // Removes and deletes the first record of cls's class name; nothing when there is none.
   void DeleteOption(const CRuntimeClass* cls);
@@ -135,8 +136,12 @@ class CPersonality : public CSerial {
   // Removes and deletes the system at i; i at or beyond the count does nothing; a negative i
   // raises CInvalidArgException.
   void DeleteSystemAt(int i);
-  // The system at i (still owned here), or null when i is outside the list.
+  // The system at i (still owned here), or null when i is outside the list or the record there
+  // is not a system (a file may hold a record of any class in the list).
   CSystem* GetSystemAt(int i) const;
+  // The record at i of the system list, of whatever class (still owned here), or null when i
+  // is outside the list.
+  CObject* GetSystemRecordAt(int i) const;
   // The i-th system (from 0) whose type byte is type, in list order, or null.
   CSystem* GetSystemAt(int i, SystemType type) const;
   WORD GetNumSystems() const { return static_cast<WORD>(m_systems.GetCount()); }
@@ -153,7 +158,8 @@ class CPersonality : public CSerial {
   // Position of the first system whose name equals name once trailing white space is trimmed
   // from both (case counts), or -1.
   int FindSystemIndex(const CString& name) const;
-  // Empties names, then appends every system's name in list order.
+  // Empties names, then appends every system's name in list order (an empty name for a record
+  // of another class, so that positions match the list).
   void GetSystemNames(CStringArray& names) const;
   // Empties names, then appends the names of the groups of the group set that the system named
   // systemName (found as GetSystem finds it) uses: a trunked system's group set, an
@@ -175,9 +181,9 @@ class CPersonality : public CSerial {
   // type). Putting back the very set that is held at k changes nothing.
   void PutSet(CSet* set, SetType type);
   // When list type is not empty, puts set at i and returns the set that was there, which the
-  // caller now owns (and must delete); an invalid i raises CInvalidArgException and set stays
-  // with the caller. On an empty list, for null or an invalid type nothing happens and null is
-  // returned (set stays with the caller); putting a set at its own position returns null.
+  // caller now owns (a record there that is no set is deleted here: null); an invalid i raises
+  // CInvalidArgException and set stays with the caller. On an empty list, for null or an invalid
+  // type nothing happens and null is returned; putting a set at its own position returns null.
   CSet* PutSetAt(int i, CSet* set, SetType type);
   // When list type holds a set named name (ignoring case), set takes its place and the old set
   // is emptied with CSet::Delete and deleted; otherwise set is appended. Takes ownership (not
@@ -185,8 +191,12 @@ class CPersonality : public CSerial {
   void ReplaceSet(const CString& name, SetType type, CSet* set);
   // The first set named name ignoring case (still owned here); null when none or name is empty.
   CSet* GetSet(const CString& name, SetType type) const;
-  // The set at i of list type (still owned here); null when i is outside the list.
+  // The set at i of list type (still owned here); null when i is outside the list or the record
+  // there is not a set (a file may hold a record of any class in the list).
   CSet* GetSetAt(int i, SetType type) const;
+  // The record at i of list type, of whatever class (still owned here), or null when i is
+  // outside the list or type is invalid.
+  CObject* GetSetRecordAt(int i, SetType type) const;
   // 0-based position of the first set named name ignoring case; -1 when none or name is empty.
   int FindSetIndex(const CString& name, SetType type) const;
   // 1-based number of the first set named name ignoring case (an empty name is searched like
@@ -201,7 +211,8 @@ class CPersonality : public CSerial {
   WORD GetNumSets(SetType type) const;
   // Sum of GetSize() over the sets of list type, in 16-bit arithmetic (wraps above 65535).
   WORD GetNumElements(SetType type) const;
-  // Empties names, then appends the name of every set of list type in list order.
+  // Empties names, then appends the name of every set of list type in list order (an empty name
+  // for a record that is not a set, so that positions match the list).
   void GetSetNames(SetType type, CStringArray& names) const;
 
   WORD GetNumTrkSets() const { return GetNumSets(TrunkSetType); }
@@ -236,8 +247,17 @@ class CPersonality : public CSerial {
 
   // The set class that list type holds ("CTrunkSet", ...), or null for an invalid type.
   static const char* SetClassName(SetType type);
-  // The registered class of list type's set class, or CSet's when that class is not registered
-  // (a load accepts only sets of this class and its subclasses); null for an invalid type.
+  // The element class that the set class of list type holds ("CTrunkChannel", "CConvChannel",
+  // "CGroup", ..., "CExtAddGroup" for the extended-addressing list), or null for an invalid
+  // type. A set may still hold elements of other classes (CSet::Add takes any record).
+  static const char* ElementClassName(SetType type);
+  // The registered element class that set's class holds: that of the list whose set class it is
+  // (CGroup for a CGroupSet, CExtAddGroup for a CExtAddGroupSet, wherever the set is), or null
+  // for a set of a class that no list has.
+  static const CRuntimeClass* ElementClassOf(const CSet& set);
+  // The registered class of list type's set class, or CSet's when that class is not registered;
+  // null for an invalid type. A list may still hold sets of other classes (AddSet takes any set,
+  // a load any record).
   static const CRuntimeClass* SetClassOf(SetType type);
 
   // ---- security keys -----------------------------------------------------------------------
@@ -278,7 +298,8 @@ class CPersonality : public CSerial {
   // kinds the radio type does not support (messaging unless 65, 66, 67, 85, 86; trunked for 27
   // to 30, 33, 52; P25 trunked, with the CP25tWanOpts record, unless 101 to 106; P25
   // conventional and extended-addressing trunked unless 88, 89, 92, 101 to 106; conventional,
-  // with every conventional set, for 72 to 75), then every set that no remaining system names.
+  // with every conventional set, for 72 to 75), then every set that no remaining system names
+  // (and every record of a set list that is not a set, which nothing can name).
   // Always returns true.
   bool RemoveUnusedSystemsAndSets();
   // Removes every system whose type byte is systemType, after emptying the name fields of the
@@ -364,8 +385,10 @@ class CPersonality : public CSerial {
   // source order; systems of other classes are skipped.
   void AddSystems(const CPersonality* src);
   // Appends to each set list copies of src's sets of that list, made with the copy constructor
-  // of the list's set class (registered by name); a set that is not of that class, or a list
-  // whose class is not registered, is skipped. Shares src's store of shared records.
+  // of the list's set class (registered by name). A set of another class becomes a new set of
+  // the list's class holding its set part (name, element copies, type, scope, as CSet's
+  // assignment copies them); a record that is no set, or a list whose class is not registered,
+  // is skipped. Shares src's store of shared records.
   void AddSets(const CPersonality* src);
   // Appends copies of src's option records whose class is one of the option classes known to
   // the merge, in source order, without the one-per-class check of PutOption.
@@ -379,7 +402,7 @@ class CPersonality : public CSerial {
   int FindOptionIndex(const CRuntimeClass* cls) const;
   void StoreTo(CArchive& ar);
   void LoadFrom(CArchive& ar);
-  void LoadList(CArchive& ar, COwnedObList& list, const CRuntimeClass* elementClass);
+  void LoadList(CArchive& ar, COwnedObList& list);
   void CorrectBandEdges();
   void AdoptShared(CArchive& ar);
   void ShareRecordsOf(const CPersonality& src);

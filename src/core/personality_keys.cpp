@@ -55,12 +55,13 @@ std::vector<std::unique_ptr<CEskData>> CPersonality::MakeEskList() const {
   std::vector<std::unique_ptr<CEskData>> keys;
   if (!IsKeyedRadioType(m_LastRadio)) return keys;
   for (const CObject* record : m_systems) {
-    const auto& system = static_cast<const CSystem&>(*record);
-    const WORD esk = system.GetESK();
-    if (!IsTrunkedKind(system.GetSysType()) || esk == 0) continue;
+    const auto* system = dynamic_cast<const CSystem*>(record);
+    if (system == nullptr) continue;  // a record of another class in the list
+    const WORD esk = system->GetESK();
+    if (!IsTrunkedKind(system->GetSysType()) || esk == 0) continue;
     auto key = std::make_unique<CEskData>();
     key->SetEsk(esk);
-    key->SetEskId(system.GetEskName());
+    key->SetEskId(system->GetEskName());
     keys.push_back(std::move(key));
   }
   return keys;
@@ -111,10 +112,11 @@ bool KeysOfUsersPresent(const CPersonality& personality, const COwnedObList& sys
   if (set == nullptr) return true;
   CString buffer;
   for (const CObject* record : systems) {
-    const auto& system = static_cast<const CSystem&>(*record);
-    const CString* used = setNameOf(system, buffer);
+    const auto* system = dynamic_cast<const CSystem*>(record);
+    if (system == nullptr) continue;
+    const CString* used = setNameOf(*system, buffer);
     if (used != nullptr && *used == set->Name() &&
-        !personality.IsEskPresentInSystem(&system, list)) {
+        !personality.IsEskPresentInSystem(system, list)) {
       return false;
     }
   }
@@ -139,12 +141,12 @@ void CPersonality::GetSecurityKeys(CStringArray& names, CWordArray& numbers) con
   names.RemoveAll();
   numbers.RemoveAll();
   for (const CObject* record : m_systems) {
-    const auto& system = static_cast<const CSystem&>(*record);
-    if (!IsTrunkedKind(system.GetSysType())) continue;
-    CString name = system.GetEskName();
+    const auto* system = dynamic_cast<const CSystem*>(record);
+    if (system == nullptr || !IsTrunkedKind(system->GetSysType())) continue;
+    CString name = system->GetEskName();
     if (name.IsEmpty()) continue;
     names.Add(name);
-    numbers.Add(system.GetESK());
+    numbers.Add(system->GetESK());
   }
 }
 

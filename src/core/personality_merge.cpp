@@ -1,5 +1,6 @@
 // CPersonality copy and merge: deep copies of another personality's systems, sets and options,
 // appended to this one's lists. Only the classes listed here are copied.
+#include <memory>
 #include <string_view>
 #include <unordered_set>
 
@@ -120,15 +121,28 @@ bool IsCopiedSystemClass(std::string_view name) {
 // A copy of record made with its own class's copy constructor (the caller owns it), or null.
 CObject* CopyOf(const CObject& record) { return record.GetRuntimeClass()->CopyObject(record); }
 
+// A set of another class than its list's (a CGroupSet in the extended-addressing list, say):
+// a new set of the list's class that receives the set part of it (name, copies of the elements,
+// set type and scope) as CSet's assignment gives them. Null when record is no set.
+std::unique_ptr<CObject> CopySetPartAs(const CRuntimeClass& listClass, const CObject& record) {
+  const auto* src = dynamic_cast<const CSet*>(&record);
+  if (src == nullptr) return nullptr;
+  std::unique_ptr<CObject> made(listClass.CreateObject());
+  auto* set = dynamic_cast<CSet*>(made.get());
+  if (set == nullptr) return nullptr;
+  set->CSet::operator=(const_cast<CSet&>(*src));  // the assignment only reads its source
+  return made;
+}
+
 }  // namespace
 
 void CPersonality::AddSystems(const CPersonality* src) {
   if (src == nullptr) return;
   const int count = src->m_systems.GetCount();  // fixed first: src may be this personality
   for (int i = 0; i < count; ++i) {
-    const CObject* system = src->m_systems.GetAt(i);
-    if (!IsCopiedSystemClass(system->GetClassName())) continue;
-    AddSystem(static_cast<CSystem*>(CopyOf(*system)));
+    const CObject* record = src->m_systems.GetAt(i);
+    if (record == nullptr || !IsCopiedSystemClass(record->GetClassName())) continue;
+    AddSystem(dynamic_cast<CSystem*>(CopyOf(*record)));  // one of the six: always a system
   }
 }
 
@@ -139,8 +153,14 @@ void CPersonality::AddSets(const CPersonality* src) {
     if (cls == nullptr) continue;
     const int count = src->m_sets[type].GetCount();
     for (int i = 0; i < count; ++i) {
-      const CObject* set = src->m_sets[type].GetAt(i);
-      if (CObject* copy = cls->CopyObject(*set)) AddSet(static_cast<CSet*>(copy), type);
+      const CObject* record = src->m_sets[type].GetAt(i);
+      if (record == nullptr) continue;
+      std::unique_ptr<CObject> copy(cls->CopyObject(*record));
+      if (copy == nullptr) copy = CopySetPartAs(*cls, *record);
+      if (auto* set = dynamic_cast<CSet*>(copy.get())) {
+        copy.release();
+        AddSet(set, type);
+      }
     }
   }
   ShareRecordsOf(*src);

@@ -1,6 +1,8 @@
 // FirstMatchIndex: rebuild and lookup.
 #include "core/personality_name_index.h"
 
+#include <utility>
+
 namespace persona {
 
 int FirstMatchIndex::Find(const COwnedObList& list, const CString& key, std::uint64_t epoch,
@@ -16,7 +18,9 @@ void FirstMatchIndex::NoteAppended(const COwnedObList& list, std::uint64_t epoch
     m_valid = false;
     return;
   }
-  if (const CObject* record = list.GetAt(last)) m_first.emplace(keyOf(*record), last);
+  CString key;
+  const CObject* record = list.GetAt(last);
+  if (record != nullptr && keyOf(*record, &key)) m_first.emplace(std::move(key), last);
   m_count = last + 1;
 }
 
@@ -24,8 +28,9 @@ void FirstMatchIndex::Rebuild(const COwnedObList& list, std::uint64_t epoch, Key
   m_first.clear();
   m_first.reserve(static_cast<std::size_t>(list.GetCount()));
   int position = 0;
+  CString key;
   for (const CObject* record : list) {
-    if (record != nullptr) m_first.emplace(keyOf(*record), position);  // keeps the first
+    if (record != nullptr && keyOf(*record, &key)) m_first.emplace(key, position);  // the first
     ++position;
   }
   m_count = position;

@@ -15,8 +15,10 @@ namespace persona {
 
 class FirstMatchIndex {
  public:
-  // The key of one record of the list (never called with null).
-  using KeyOf = CString (*)(const CObject& record);
+  // Puts the key of one record of the list into key and returns true; returns false for a
+  // record that has no key (one of a class the list does not index), which is never found.
+  // Never called with null.
+  using KeyOf = bool (*)(const CObject& record, CString* key);
 
   // Returns the position of the first record of list whose key equals key, or -1. epoch is the
   // current name epoch of the records; keyOf must be the same function on every call.

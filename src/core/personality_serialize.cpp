@@ -71,9 +71,9 @@ void CPersonality::LoadFrom(CArchive& ar) {
   CString header;  // for readers that identify a file without parsing it; the fields follow
   ar >> header;
   m_RadioTypes.Serialize(ar);
-  LoadList(ar, m_systems, RUNTIME_CLASS(CSystem));
-  for (SetType type : kFirstSetLists) LoadList(ar, m_sets[type], SetClassOf(type));
-  LoadList(ar, m_options, nullptr);
+  LoadList(ar, m_systems);
+  for (SetType type : kFirstSetLists) LoadList(ar, m_sets[type]);
+  LoadList(ar, m_options);
   ar >> m_Name >> m_Description >> m_SavedOn >> m_SavedBy >> m_Version;
   ar >> m_TxMinFreq >> m_TxMaxFreq >> m_RxMinFreq >> m_RxMaxFreq >> m_LastRadio;
 
@@ -81,11 +81,11 @@ void CPersonality::LoadFrom(CArchive& ar) {
   ApplyGeneralOptionsFixup(*this);
 
   if (SchemaAtLeast(m_storedSchema, 2)) {
-    LoadList(ar, m_sets[P25GroupSetType], SetClassOf(P25GroupSetType));
-    LoadList(ar, m_sets[P25ConvSetType], SetClassOf(P25ConvSetType));
+    LoadList(ar, m_sets[P25GroupSetType]);
+    LoadList(ar, m_sets[P25ConvSetType]);
   }
   if (SchemaAtLeast(m_storedSchema, 3)) {
-    LoadList(ar, m_sets[EaGroupSetType], SetClassOf(EaGroupSetType));
+    LoadList(ar, m_sets[EaGroupSetType]);
   }
 
   if (m_Version < 17) {
@@ -94,8 +94,11 @@ void CPersonality::LoadFrom(CArchive& ar) {
   }
 }
 
-void CPersonality::LoadList(CArchive& ar, COwnedObList& list, const CRuntimeClass* elementClass) {
-  list.SetElementClass(elementClass);
+// Every list takes records of any registered class, as the format allows: a file may hold a set
+// of another class in a set list, or a record that is no set at all. What uses a record of a
+// list checks its class first (GetSetAt, GetSystemAt and the name lookups answer only sets and
+// systems).
+void CPersonality::LoadList(CArchive& ar, COwnedObList& list) {
   InvalidateIndexes();
   list.Serialize(ar);
   DropEmptySlots(list);

@@ -1,4 +1,6 @@
 // CPersonality set registry: the eleven set lists, found by type and by name ignoring case.
+#include <cstring>
+#include <memory>
 #include <string>
 
 #include "core/personality.h"
@@ -15,11 +17,26 @@ CString UpperName(const CString& name) {
   return key;
 }
 
-CString SetKey(const CObject& set) { return UpperName(static_cast<const CSet&>(set).Name()); }
+// A list may hold a record that is not a set (a file may put any registered record there): it
+// has no key and is never found by name.
+bool SetKey(const CObject& record, CString* key) {
+  const auto* set = dynamic_cast<const CSet*>(&record);
+  if (set != nullptr) *key = UpperName(set->Name());
+  return set != nullptr;
+}
+
+// Empties record with CSet::Delete when it is a set (the caller deletes it).
+void EmptyIfSet(CObject* record) {
+  if (auto* set = dynamic_cast<CSet*>(record)) set->CSet::Delete();
+}
 
 const char* const kSetClassNames[kNumSetTypes] = {
     "CTrunkSet",    "CConvSet",      "CGroupSet",   "CPhoneSet",    "CICallSet",      "CSpCallSet",
     "CPlmGroupSet", "CPlmSpCallSet", "CP25ConvSet", "CP25GroupSet", "CExtAddGroupSet"};
+
+const char* const kElementClassNames[kNumSetTypes] = {
+    "CTrunkChannel", "CConvChannel", "CGroup",          "CPhoneCall", "CICall",      "CSpCall",
+    "CPlmGroup",     "CPlmSpCall",   "CP25ConvChannel", "CP25Group",  "CExtAddGroup"};
 
 // Empties set element by element from the front, as a replaced set is emptied (one pass). A
 // set whose DeleteAt does nothing (type byte 11 and above) keeps its elements for the set's own
@@ -30,6 +47,19 @@ void EmptyFromFront(CSet& set) { set.DeleteAllFromFront(); }
 
 const char* CPersonality::SetClassName(SetType type) {
   return IsValidSetType(type) ? kSetClassNames[type] : nullptr;
+}
+
+const char* CPersonality::ElementClassName(SetType type) {
+  return IsValidSetType(type) ? kElementClassNames[type] : nullptr;
+}
+
+const CRuntimeClass* CPersonality::ElementClassOf(const CSet& set) {
+  for (int t = 0; t < kNumSetTypes; ++t) {
+    if (std::strcmp(kSetClassNames[t], set.GetClassName()) == 0) {
+      return CRuntimeClass::FromName(kElementClassNames[t]);
+    }
+  }
+  return nullptr;
 }
 
 const CRuntimeClass* CPersonality::SetClassOf(SetType type) {
@@ -56,9 +86,9 @@ void CPersonality::PutSet(CSet* set, SetType type) {
     AddSet(set, type);
     return;
   }
-  CSet* old = static_cast<CSet*>(m_sets[type].GetAt(k));
+  auto* old = dynamic_cast<CSet*>(m_sets[type].GetAt(k));  // found by name: a set
   if (old == set) return;
-  EmptyFromFront(*old);
+  if (old != nullptr) EmptyFromFront(*old);
   // The new set has the same key as the old one: the index stays as it is.
   std::unique_ptr<CObject> released(m_sets[type].Replace(k, set));
 }
@@ -66,9 +96,12 @@ void CPersonality::PutSet(CSet* set, SetType type) {
 CSet* CPersonality::PutSetAt(int i, CSet* set, SetType type) {
   if (set == nullptr || !IsValidSetType(type) || m_sets[type].IsEmpty()) return nullptr;
   if (m_sets[type].GetAt(i) == set) return nullptr;  // GetAt raises for an invalid i
-  CSet* old = static_cast<CSet*>(m_sets[type].Replace(i, set));
+  std::unique_ptr<CObject> old(m_sets[type].Replace(i, set));
   m_setIndex[type].Invalidate();
-  return old;
+  auto* oldSet = dynamic_cast<CSet*>(old.get());
+  if (oldSet != nullptr)
+    old.release();  // handed to the caller; a record of another class dies here
+  return oldSet;
 }
 
 void CPersonality::ReplaceSet(const CString& name, SetType type, CSet* set) {
@@ -80,19 +113,23 @@ void CPersonality::ReplaceSet(const CString& name, SetType type, CSet* set) {
   }
   if (m_sets[type].GetAt(k) == set) return;
   std::unique_ptr<CObject> old(m_sets[type].Replace(k, set));
-  static_cast<CSet*>(old.get())->CSet::Delete();
+  EmptyIfSet(old.get());
   if (UpperName(set->Name()) != UpperName(name)) m_setIndex[type].Invalidate();
 }
 
 CSet* CPersonality::GetSet(const CString& name, SetType type) const {
   if (name.IsEmpty()) return nullptr;
   const int k = FirstSetMatch(name, type);
-  return k < 0 ? nullptr : static_cast<CSet*>(m_sets[type].GetAt(k));
+  return k < 0 ? nullptr : dynamic_cast<CSet*>(m_sets[type].GetAt(k));
+}
+
+CObject* CPersonality::GetSetRecordAt(int i, SetType type) const {
+  if (!IsValidSetType(type) || i < 0 || i >= m_sets[type].GetCount()) return nullptr;
+  return m_sets[type].GetAt(i);
 }
 
 CSet* CPersonality::GetSetAt(int i, SetType type) const {
-  if (!IsValidSetType(type) || i < 0 || i >= m_sets[type].GetCount()) return nullptr;
-  return static_cast<CSet*>(m_sets[type].GetAt(i));
+  return dynamic_cast<CSet*>(GetSetRecordAt(i, type));
 }
 
 int CPersonality::FindSetIndex(const CString& name, SetType type) const {
@@ -114,7 +151,7 @@ void CPersonality::DeleteSetAt(int i, SetType type) {
   if (i >= m_sets[type].GetCount()) return;
   std::unique_ptr<CObject> old(m_sets[type].Release(i));
   m_setIndex[type].Invalidate();
-  static_cast<CSet*>(old.get())->CSet::Delete();
+  EmptyIfSet(old.get());
 }
 
 WORD CPersonality::GetNumSets(SetType type) const {
@@ -124,8 +161,10 @@ WORD CPersonality::GetNumSets(SetType type) const {
 WORD CPersonality::GetNumElements(SetType type) const {
   if (!IsValidSetType(type)) return 0;
   WORD total = 0;
-  for (const CObject* set : m_sets[type]) {
-    total = static_cast<WORD>(total + static_cast<const CSet*>(set)->GetSize());
+  for (const CObject* record : m_sets[type]) {
+    if (const auto* set = dynamic_cast<const CSet*>(record)) {
+      total = static_cast<WORD>(total + set->GetSize());
+    }
   }
   return total;
 }
@@ -134,7 +173,10 @@ void CPersonality::GetSetNames(SetType type, CStringArray& names) const {
   names.RemoveAll();
   if (!IsValidSetType(type)) return;
   names.Reserve(static_cast<std::size_t>(m_sets[type].GetCount()));
-  for (const CObject* set : m_sets[type]) names.Add(static_cast<const CSet*>(set)->GetName());
+  for (const CObject* record : m_sets[type]) {
+    const auto* set = dynamic_cast<const CSet*>(record);
+    names.Add(set != nullptr ? set->GetName() : CString());
+  }
 }
 
 }  // namespace persona

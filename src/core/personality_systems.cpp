@@ -15,14 +15,20 @@ namespace persona {
 
 namespace {
 
-const CSystem& AsSystem(const CObject& record) { return static_cast<const CSystem&>(record); }
+// The system list may hold a record of another class (a file may put any registered record
+// there): it is no system, has no name and is never found.
+const CSystem* AsSystem(const CObject* record) { return dynamic_cast<const CSystem*>(record); }
 
-CString ExactKey(const CObject& system) { return AsSystem(system).Name(); }
+bool ExactKey(const CObject& record, CString* key) {
+  const CSystem* system = AsSystem(&record);
+  if (system != nullptr) *key = system->Name();
+  return system != nullptr;
+}
 
-CString TrimmedKey(const CObject& system) {
-  CString key = AsSystem(system).Name();
-  key.TrimRight();
-  return key;
+bool TrimmedKey(const CObject& record, CString* key) {
+  if (!ExactKey(record, key)) return false;
+  key->TrimRight();
+  return true;
 }
 
 // Reads the "Name" field of a record through its field description.
@@ -76,16 +82,19 @@ void CPersonality::DeleteSystemAt(int i) {
   m_systemTrimmedIndex.Invalidate();
 }
 
+CObject* CPersonality::GetSystemRecordAt(int i) const {
+  return i < 0 || i >= m_systems.GetCount() ? nullptr : m_systems.GetAt(i);
+}
+
 CSystem* CPersonality::GetSystemAt(int i) const {
-  if (i < 0 || i >= m_systems.GetCount()) return nullptr;
-  return static_cast<CSystem*>(m_systems.GetAt(i));
+  return dynamic_cast<CSystem*>(GetSystemRecordAt(i));
 }
 
 CSystem* CPersonality::GetSystemAt(int i, SystemType type) const {
   if (i < 0) return nullptr;
   for (CObject* record : m_systems) {
-    auto* system = static_cast<CSystem*>(record);
-    if (system->GetSysType() == type && i-- == 0) return system;
+    auto* system = dynamic_cast<CSystem*>(record);
+    if (system != nullptr && system->GetSysType() == type && i-- == 0) return system;
   }
   return nullptr;
 }
@@ -93,14 +102,15 @@ CSystem* CPersonality::GetSystemAt(int i, SystemType type) const {
 WORD CPersonality::GetNumSystems(SystemType type) const {
   WORD count = 0;
   for (const CObject* record : m_systems) {
-    if (AsSystem(*record).GetSysType() == type) ++count;
+    const CSystem* system = AsSystem(record);
+    if (system != nullptr && system->GetSysType() == type) ++count;
   }
   return count;
 }
 
 CSystem* CPersonality::GetSystem(const CString& name) const {
   const int k = m_systemIndex.Find(m_systems, name, CSystem::NameEpoch(), &ExactKey);
-  return k < 0 ? nullptr : static_cast<CSystem*>(m_systems.GetAt(k));
+  return k < 0 ? nullptr : dynamic_cast<CSystem*>(m_systems.GetAt(k));
 }
 
 int CPersonality::FindSystemIndex(const CString& name) const {
@@ -112,7 +122,10 @@ int CPersonality::FindSystemIndex(const CString& name) const {
 void CPersonality::GetSystemNames(CStringArray& names) const {
   names.RemoveAll();
   names.Reserve(static_cast<std::size_t>(m_systems.GetCount()));
-  for (const CObject* record : m_systems) names.Add(AsSystem(*record).GetName());
+  for (const CObject* record : m_systems) {
+    const CSystem* system = AsSystem(record);
+    names.Add(system != nullptr ? system->GetName() : CString());
+  }
 }
 
 void CPersonality::GetSystemGroupNames(const CString& systemName, CStringArray& names) const {

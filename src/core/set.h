@@ -106,8 +106,6 @@ class CSet : public CObject {
   void SetSetType(BYTE type) { m_setType = type; }
   // True for the set types whose DeleteAt clears references to the element first.
   bool ClearsReferencesOnDelete() const;
-  // Restricts the elements that a load accepts to cls and its subclasses.
-  void SetElementClass(const CRuntimeClass* cls) { m_elements.SetElementClass(cls); }
   // Appends deep copies of src's elements (the eleven element classes only).
   void AppendCopiesOf(const CSet& src);
 

@@ -7,8 +7,8 @@
 // Every element is checked against the expected class before it is used, so an element of
 // another class (a set's Add accepts any record) is skipped instead of being misread.
 //
-// CElementSet is the common middle of the set classes: it fixes the set type and the element
-// class at construction and holds the pointer assignment that rebuilds a set from another.
+// CElementSet is the common middle of the set classes: it fixes the set type at construction
+// and holds the pointer assignment that rebuilds a set from another.
 #pragma once
 
 #include <cmath>
@@ -224,10 +224,9 @@ namespace persona {
 
 class CElementSet : public CSet {
  protected:
-  // An empty set of the given type whose loads accept elementClass and its subclasses.
-  CElementSet(SetType type, const CRuntimeClass* elementClass) : CSet(type) {
-    SetElementClass(elementClass);
-  }
+  // An empty set of the given type. Its element list holds records of any class, as CSet's
+  // does: what reads an element as a particular class checks it first.
+  explicit CElementSet(SetType type) : CSet(type) {}
   // Deep-copies the elements and copies the name, set type and scope (CSet's copy).
   CElementSet(const CElementSet&) = default;
   ~CElementSet() override = default;

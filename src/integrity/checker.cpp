@@ -123,8 +123,12 @@ class Checker {
     std::unordered_map<std::string, const CSet*> first;
     for (int i = 0; i < m_p.GetNumSets(type); ++i) {
       CSet* set = m_p.GetSetAt(i, type);
-      if (set == nullptr) continue;
+      if (set == nullptr) {
+        NoteNotASet(type, i);
+        continue;
+      }
       const std::string path = SetPath(type, *set);
+      CheckClasses(type, *set, path);
       auto [it, added] = first.emplace(Upper(set->Name()), set);
       if (!added) {
         Add("SET_NAME_DUPLICATE", Finding::Warning, path,
@@ -138,6 +142,35 @@ class Checker {
       if (added && m_usedSets.count(set) == 0) {
         Add("SET_UNUSED", Finding::Info, path, "is not used by any system, set or option");
       }
+    }
+  }
+
+  // Records of a class that their place does not use: the format lets a file hold any record
+  // in any list, and the library keeps them, but the radio has no use for them.
+  void NoteNotASet(SetType type, int i) {
+    const CObject* record = m_p.GetSetRecordAt(i, type);
+    if (record == nullptr) return;
+    Add("RECORD_MISPLACED", Finding::Warning,
+        std::string("sets/") + SetListPathName(type) + "/#" + std::to_string(i + 1),
+        std::string("is a ") + record->GetClassName() + " record, not a set; nothing can name it");
+  }
+
+  void CheckClasses(SetType type, const CSet& set, const std::string& path) {
+    const CRuntimeClass* listClass = CRuntimeClass::FromName(CPersonality::SetClassName(type));
+    if (listClass != nullptr && !set.IsKindOf(listClass)) {
+      Add("RECORD_MISPLACED", Finding::Warning, path,
+          std::string("is a ") + set.GetClassName() + " in the list of " +
+              listClass->m_lpszClassName + " sets; a copy of the personality keeps its set part");
+    }
+    const CRuntimeClass* elementClass = CPersonality::ElementClassOf(set);
+    if (elementClass == nullptr) return;
+    int n = 0;
+    for (const CObject* element : set.Elements()) {
+      ++n;
+      if (element == nullptr || element->IsKindOf(elementClass)) continue;
+      Add("RECORD_MISPLACED", Finding::Warning, path + "/#" + std::to_string(n),
+          std::string("is a ") + element->GetClassName() + " record where a " + set.GetClassName() +
+              " holds " + elementClass->m_lpszClassName + " records");
     }
   }
 
@@ -165,6 +198,12 @@ class Checker {
     const WORD radio = m_p.GetLastRadio();
     for (int i = 0; i < m_p.GetNumSystems(); ++i) {
       const CSystem* system = m_p.GetSystemAt(i);
+      const CObject* record = m_p.GetSystemRecordAt(i);
+      if (system == nullptr && record != nullptr) {
+        Add("RECORD_MISPLACED", Finding::Warning, "systems/#" + std::to_string(i + 1),
+            std::string("is a ") + record->GetClassName() +
+                " record, not a system; nothing can name it");
+      }
       if (system == nullptr || RadioTypeSupportsSystemKind(radio, system->GetSysType())) continue;
       Add("SYSTEM_UNSUPPORTED", Finding::Warning, "systems/" + system->Name().str(),
           "is a kind of system that radio type " + std::to_string(radio) + " cannot use");

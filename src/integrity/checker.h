@@ -26,6 +26,11 @@
 //   SET_UNUSED           info     no record names the set
 //   SYSTEM_UNSUPPORTED   warning  the personality's last radio type cannot use the system's
 //                                 kind (pruning would remove it)
+//   RECORD_MISPLACED     warning  a record of a class that its place does not use: a record
+//                                 that is not a system in the system list ("systems/#<n>"), not
+//                                 a set in a set list ("sets/<list>/#<n>"), a set of another
+//                                 class than its list's, or an element of another class than
+//                                 its set's class holds ("sets/<list>/<set>/#<n>")
 // A name reached through a name that is already reported (a channel of a missing system, say)
 // is not reported again, nor is a duplicate set reported as unused. The cost is linear in the size
 // of the personality.

@@ -188,11 +188,16 @@ CString* ElementNameField(CObject& element) {
   return scan.StringField("Name");
 }
 
+bool IsElementOfSet(const CObject& element, const CSet& set) {
+  const CRuntimeClass* cls = CPersonality::ElementClassOf(set);
+  return cls == nullptr || element.IsKindOf(cls);
+}
+
 bool ElementNames::Has(CSet& set, const CString& name) {
   auto [it, added] = m_names.try_emplace(&set);
   if (added) {
     for (CObject* element : set.Elements()) {
-      if (element == nullptr) continue;
+      if (element == nullptr || !IsElementOfSet(*element, set)) continue;
       if (const CString* n = ElementNameField(*element)) it->second.insert(n->str());
     }
   }

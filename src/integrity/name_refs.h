@@ -63,9 +63,15 @@ int GroupSetTypeOfSystem(int systemType);
 // null when the system has none or its set does not exist.
 CSet* ElementSetOfSystem(const CPersonality& p, const CSystem& system, RefKind kind);
 
+// True when element is of the element class of set's class (CPersonality::ElementClassOf) or
+// derives from it; any element of a set of a class that no list has. Channel and group names
+// are looked for only among such elements: a record of another class names no channel or group.
+bool IsElementOfSet(const CObject& element, const CSet& set);
+
 // Exact element names of sets, each set listed once on first use.
 class ElementNames {
  public:
+  // True when set holds an element of its own element class (IsElementOfSet) named name.
   bool Has(CSet& set, const CString& name);
 
  private:

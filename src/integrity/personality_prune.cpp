@@ -81,13 +81,14 @@ bool CPersonality::RemoveUnusedSystemsAndSets() {
 int CPersonality::RemoveSystems(int systemType) {
   std::vector<const CSystem*> doomed;
   for (const CObject* record : m_systems) {
-    const auto* system = static_cast<const CSystem*>(record);
-    if (system->GetSysType() == systemType) doomed.push_back(system);
+    const auto* system = dynamic_cast<const CSystem*>(record);
+    if (system != nullptr && system->GetSysType() == systemType) doomed.push_back(system);
   }
   if (doomed.empty()) return 0;
   ClearReferencesToSystems(*this, doomed);
   const int removed = Filter(m_systems, [systemType](const CObject* record) {
-    return static_cast<const CSystem*>(record)->GetSysType() != systemType;
+    const auto* system = dynamic_cast<const CSystem*>(record);
+    return system == nullptr || system->GetSysType() != systemType;  // other records stay
   });
   InvalidateIndexes();
   return removed;
@@ -97,9 +98,8 @@ int CPersonality::RemoveUnusedSets(SetType type) {
   std::unordered_set<std::string> used;
   CString name;
   for (const CObject* record : m_systems) {
-    if (SystemSetNameFor(*static_cast<const CSystem*>(record), type, &name)) {
-      used.insert(Upper(name));
-    }
+    const auto* system = dynamic_cast<const CSystem*>(record);
+    if (system != nullptr && SystemSetNameFor(*system, type, &name)) used.insert(Upper(name));
   }
   if (type == ConvSetType) {
     if (const auto* general = GetOption<CGenRadioOpts>())
@@ -112,8 +112,10 @@ int CPersonality::RemoveUnusedSets(SetType type) {
       }
     }
   }
+  // A record that is not a set cannot be named by a system: it is unused like any unnamed set.
   const int removed = Filter(m_sets[type], [&used](const CObject* record) {
-    return used.count(Upper(static_cast<const CSet*>(record)->Name())) != 0;
+    const auto* set = dynamic_cast<const CSet*>(record);
+    return set != nullptr && used.count(Upper(set->Name())) != 0;
   });
   if (removed != 0) InvalidateIndexes();
   return removed;
@@ -143,8 +145,8 @@ int CPersonality::checkForSystemReferencesToSet(const CString& name, SetType typ
   const std::string wanted = Upper(name);
   CString field;
   for (const CObject* record : m_systems) {
-    if (SystemSetNameFor(*static_cast<const CSystem*>(record), type, &field) &&
-        Upper(field) == wanted) {
+    const auto* system = dynamic_cast<const CSystem*>(record);
+    if (system != nullptr && SystemSetNameFor(*system, type, &field) && Upper(field) == wanted) {
       return 1;
     }
   }

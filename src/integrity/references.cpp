@@ -55,11 +55,12 @@ bool HoldsElements(SetType type, RefKind kind) {
          type == EaGroupSetType;
 }
 
-// Position of the element named name (exact) in set, or -1.
+// Position of the element of set's own element class named name (exact) in set, or -1.
+// Records of other classes in the set are passed by.
 int ElementIndex(const CSet& set, const CString& name) {
   int i = 0;
   for (CObject* element : set.Elements()) {
-    if (element != nullptr) {
+    if (element != nullptr && IsElementOfSet(*element, set)) {
       const CString* n = ElementNameField(*element);
       if (n != nullptr && *n == name) return i;
     }

@@ -7,6 +7,7 @@
 // prints its whole block with PrintOptionBlock, which pairs the labelled fields two per line.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -20,6 +21,13 @@ namespace persona {
 
 // "Off" for 0, "On" otherwise.
 inline const char* SwitchWord(unsigned v) { return v ? "On" : "Off"; }
+
+// A 32-bit identity as the report's %d prints it: the low 32 bits as a signed value, so that
+// 2^31 and above print negative.
+inline int Signed32(unsigned long v) {
+  const auto bits = static_cast<std::uint32_t>(v);
+  return bits > 0x7FFFFFFFu ? -static_cast<int>(~bits) - 1 : static_cast<int>(bits);
+}
 
 // Entry code of words, or the code as a number when it lies outside the list.
 std::string WordOf(const Words& words, unsigned code);

@@ -29,6 +29,13 @@ char IdChar(BYTE c) { return c == 0 ? ' ' : static_cast<char>(c); }
 CVantorOpts::CVantorOpts(unsigned short radioType, int reducedDefaults) : CVantorOpts() {
   m_StartDelayPercent = IsRadioTypeSetA(radioType) ? 12.5 : 25.0;
   if (reducedDefaults != 0) m_EmerRepeat = 1;
+  // A new radio starts with unit 1 of zone A, troop A (the default constructor leaves them 0, as
+  // fields that an old file does not hold must stay).
+  m_Id = 1;
+  m_Zone = 'A';
+  m_Troop = 'A';
+  m_VehicleId = 1;
+  m_ExtendedId = 1;
 }
 
 void CVantorOpts::Serialize(CArchive& ar) { SerializeVersionedFields(ar, *this); }

@@ -16,12 +16,13 @@ class CPersonality;
 class CVantorOpts : public CSerial {
   DECLARE_SERIAL(CVantorOpts)
  public:
-  // Signalling and emergency off, ID 1, start delay 0 %, five emergency repeats, numeric ID
-  // (zone and troop 'A', vehicle 1), extended ID 1 but not in use, emergency to a conventional
-  // channel, names empty.
+  // Every field 0 (names empty) except five emergency repeats: signalling and emergency off,
+  // numeric ID 0, zone, troop, vehicle and extended ID 0. These are also the values of the
+  // fields that a file of an older schema does not hold.
   CVantorOpts() = default;
-  // The defaults above with the model's start delay: 12.5 % on set A radios, 25 % on the
-  // others. Reduced defaults (flag non-zero) send one emergency repeat instead of five.
+  // The defaults above with ID 1, zone and troop 'A', vehicle 1, extended ID 1 (not in use)
+  // and the model's start delay: 12.5 % on set A radios, 25 % on the others. Reduced defaults
+  // (flag non-zero) send one emergency repeat instead of five.
   CVantorOpts(unsigned short radioType, int reducedDefaults);
   CVantorOpts(const CVantorOpts&) = default;
   CVantorOpts& operator=(const CVantorOpts&) = default;
@@ -96,16 +97,16 @@ class CVantorOpts : public CSerial {
   WORD m_Vantor = 0;
   CString m_System;
   CString m_Channel;
-  WORD m_Id = 1;
+  WORD m_Id = 0;
   double m_StartDelayPercent = 0.0;
   BYTE m_SilentEmer = 0;
   BYTE m_EmerRepeat = 5;
   BYTE m_AlphaNumeric = 0;
-  BYTE m_Zone = 'A';
-  BYTE m_Troop = 'A';
-  WORD m_VehicleId = 1;
+  BYTE m_Zone = 0;
+  BYTE m_Troop = 0;
+  WORD m_VehicleId = 0;
   BYTE m_EnExtendedId = 0;
-  LONG m_ExtendedId = 1;
+  LONG m_ExtendedId = 0;
   BYTE m_ConvKorvexEmer = 0;
   CString m_TrkSystem;
   CString m_Group;

@@ -44,10 +44,14 @@ class MergedPersonality : public CPersonality {
 void ListSystemClashes(const CPersonality& a, const CPersonality& b,
                        std::vector<MergeClash>& clashes) {
   std::set<std::string> inA;
-  for (int i = 0; i < a.GetNumSystems(); ++i) inA.insert(a.GetSystemAt(i)->GetName().str());
+  for (int i = 0; i < a.GetNumSystems(); ++i) {
+    if (const CSystem* system = a.GetSystemAt(i)) inA.insert(system->GetName().str());
+  }
   for (int i = 0; i < b.GetNumSystems(); ++i) {
-    const std::string name = b.GetSystemAt(i)->GetName().str();
-    if (inA.count(name)) clashes.push_back({"system", name});
+    const CSystem* system = b.GetSystemAt(i);  // null for a record of another class
+    if (system != nullptr && inA.count(system->GetName().str())) {
+      clashes.push_back({"system", system->GetName().str()});
+    }
   }
 }
 
@@ -56,9 +60,9 @@ void ListSetClashes(const CPersonality& a, const CPersonality& b,
   for (int t = 0; t < kNumSetTypes; ++t) {
     const SetType type = static_cast<SetType>(t);
     for (int i = 0; i < b.GetNumSets(type); ++i) {
-      const CString name = b.GetSetAt(i, type)->GetName();
-      if (a.FindSetIndex(name, type) >= 0) {
-        clashes.push_back({std::string("set ") + kSetKindKeys[t], name.str()});
+      const CSet* set = b.GetSetAt(i, type);  // null for a record that is not a set
+      if (set != nullptr && a.FindSetIndex(set->GetName(), type) >= 0) {
+        clashes.push_back({std::string("set ") + kSetKindKeys[t], set->GetName().str()});
       }
     }
   }
@@ -67,9 +71,20 @@ void ListSetClashes(const CPersonality& a, const CPersonality& b,
 void ListOptionClashes(const CPersonality& merged, std::vector<MergeClash>& clashes) {
   std::map<std::string, int> seen;
   for (int i = 0; i < merged.GetNumOptions(); ++i) {
-    const std::string name = merged.GetOptionAt(i)->GetRuntimeClass()->m_lpszClassName;
+    const CObject* option = merged.GetOptionAt(i);
+    if (option == nullptr) continue;
+    const std::string name = option->GetClassName();
     if (++seen[name] == 2) clashes.push_back({"option", name});
   }
+}
+
+// Elements of the sets of list type (records that are not sets hold none).
+std::size_t SetListElements(const CPersonality& p, SetType type) {
+  std::size_t n = 0;
+  for (int i = 0; i < p.GetNumSets(type); ++i) {
+    if (const CSet* set = p.GetSetAt(i, type)) n += static_cast<std::size_t>(set->GetCount());
+  }
+  return n;
 }
 
 }  // namespace
@@ -107,15 +122,12 @@ void PrintPersonalitySummary(const CPersonality& p, std::size_t fileSize, std::s
   std::size_t sets = 0, elements = 0;
   for (int t = 0; t < kNumSetTypes; ++t) {
     sets += p.GetNumSets(static_cast<SetType>(t));
-    for (int i = 0; i < p.GetNumSets(static_cast<SetType>(t)); ++i) {
-      elements += static_cast<std::size_t>(p.GetSetAt(i, static_cast<SetType>(t))->GetCount());
-    }
+    elements += SetListElements(p, static_cast<SetType>(t));
   }
   block.Pair("Sets", std::to_string(sets), "Elements", std::to_string(elements));
   for (int t = 0; t < kNumSetTypes; ++t) {
     const SetType type = static_cast<SetType>(t);
-    std::size_t n = 0;
-    for (int i = 0; i < p.GetNumSets(type); ++i) n += p.GetSetAt(i, type)->GetCount();
+    const std::size_t n = SetListElements(p, type);
     block.Pair(std::string("   ") + kSetKindKeys[t] + " sets", std::to_string(p.GetNumSets(type)),
                "Elements", std::to_string(n));
   }

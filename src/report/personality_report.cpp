@@ -359,7 +359,10 @@ constexpr FieldLabel kSystemLabels[] = {
 void PrintSystems(const CPersonality& p, CStringArray& out) {
   for (int i = 0; i < p.GetNumSystems(); ++i) {
     CSystem* system = p.GetSystemAt(i);
-    if (system == nullptr) continue;
+    if (system == nullptr) {
+      if (CObject* record = p.GetSystemRecordAt(i)) PrintGenericRecord(out, *record);
+      continue;
+    }
     CString kind(SystemKindLabel(static_cast<unsigned>(system->GetSysType())));
     kind.MakeUpper();
     const std::string heading = "SYSTEM " + std::to_string(i + 1) + " - " + kind.str() + ":";
@@ -391,6 +394,22 @@ bool PrintAs(CSet& set, SetContext& c, void (*print)(const S&, SetContext&)) {
   if (typed == nullptr) return false;
   print(*typed, c);
   return true;
+}
+
+// A set's block prints the elements of its class's element class; those of other classes are
+// skipped there and printed field by field after it.
+void PrintForeignElements(const CSet& set, CStringArray& out) {
+  const CRuntimeClass* printed = CPersonality::ElementClassOf(set);
+  if (printed == nullptr) return;
+  int n = 0;
+  for (CObject* element : set.Elements()) {
+    ++n;
+    if (element == nullptr || element->IsKindOf(printed)) continue;
+    CString heading(element->GetClassName());
+    heading.MakeUpper();
+    PrintFieldBlock(out, "   " + std::to_string(n) + " - " + heading.str() + " RECORD:",
+                    CollectFieldLines(*element, nullptr, 0));
+  }
 }
 
 bool PrintSet(CSet& set, SetType type, SetContext& c) {
@@ -481,9 +500,16 @@ void PrintSets(const CPersonality& p, CStringArray& out) {
     unsigned short elementsBefore = 0;
     for (int i = 0; i < count; ++i) {
       CSet* set = p.GetSetAt(i, type);
-      if (set == nullptr) continue;
+      if (set == nullptr) {
+        if (CObject* record = p.GetSetRecordAt(i, type)) PrintGenericRecord(out, *record);
+        continue;
+      }
       SetContext context{out, i + 1, p.GetLastRadio(), p.GetTxMaxFreq(), elementsBefore};
-      if (!PrintSet(*set, type, context)) PrintGenericRecord(out, *set);
+      if (!PrintSet(*set, type, context)) {
+        PrintGenericRecord(out, *set);
+      } else {
+        PrintForeignElements(*set, out);
+      }
       elementsBefore = static_cast<unsigned short>(elementsBefore + set->GetSize());
     }
   }

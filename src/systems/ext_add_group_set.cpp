@@ -34,9 +34,7 @@ void CExtAddGroup::printToBuffer(CStringArray& out, int n) const {
 
 // ---- CExtAddGroupSet -------------------------------------------------------------------------
 
-CExtAddGroupSet::CExtAddGroupSet() : CGroupSet(EaGroupSetType) {
-  SetElementClass(RUNTIME_CLASS(CExtAddGroup));  // narrower than the group set's
-}
+CExtAddGroupSet::CExtAddGroupSet() : CGroupSet(EaGroupSetType) {}
 
 CExtAddGroupSet::CExtAddGroupSet(unsigned short, int) : CExtAddGroupSet() {}
 

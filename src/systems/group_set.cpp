@@ -43,8 +43,8 @@ void CGroup::Serialize(CArchive& ar) { SerializeFields(ar, *this); }
 void CGroup::printGroup(CStringArray& out, int n, unsigned long id) const {
   out.Add(CString::Formatted("            Group %-2d  %-12s", n, m_Name.c_str()));
   out.Add(
-      CString::Formatted("                  Group ID          - %-5lu       Calls           - %-3s",
-                         id, SwitchWord(m_Calls)));
+      CString::Formatted("                  Group ID          - %-5d       Calls           - %-3s",
+                         Signed32(id), SwitchWord(m_Calls)));
   out.Add(
       CString::Formatted("                  Voice Mode        - %-6s      Alert Tones     - %-3s",
                          WordOf(kVoiceModeWords, m_KwKey).c_str(), SwitchWord(m_Alert)));
@@ -63,7 +63,7 @@ void CGroup::printToBuffer(CStringArray& out, int n) const { printGroup(out, n, 
 
 // ---- CGroupSet -------------------------------------------------------------------------------
 
-CGroupSet::CGroupSet(SetType type) : CElementSet(type, RUNTIME_CLASS(CGroup)) {}
+CGroupSet::CGroupSet(SetType type) : CElementSet(type) {}
 
 CGroupSet::CGroupSet(unsigned short, int, SetType type) : CGroupSet(type) {}
 

@@ -38,7 +38,7 @@ void CP25Group::Serialize(CArchive& ar) {
 
 // ---- CP25GroupSet ----------------------------------------------------------------------------
 
-CP25GroupSet::CP25GroupSet() : CElementSet(P25GroupSetType, RUNTIME_CLASS(CP25Group)) {}
+CP25GroupSet::CP25GroupSet() : CElementSet(P25GroupSetType) {}
 
 CP25GroupSet::CP25GroupSet(unsigned short, int) : CP25GroupSet() {}
 
@@ -104,13 +104,14 @@ void CP25GroupSet::printToBuffer(CStringArray& out, int) const {
     const CP25Group* g = set_helpers::As<CP25Group>(obj);
     if (g == nullptr) continue;
     out.Add(CString::Formatted("            Group %-2d  %-12s", n, g->GetName().c_str()));
-    out.Add(CString::Formatted("                  Group ID          - %-5u", g->GetGrpId()));
+    out.Add(
+        CString::Formatted("                  Group ID          - %-5d", Signed32(g->GetGrpId())));
     out.Add(CString::Formatted(
         "                  Encrypted         - %-5s       Type              - %-6s",
         SwitchWord(g->GetEncrypt()), WordOf(kEncTypeWords, g->GetEncType()).c_str()));
     out.Add(CString::Formatted(
-        "                  Key ID            - %-5u       Suppress Key      - %-6s", g->GetKeyId(),
-        SwitchWord(g->GetSuppress())));
+        "                  Key ID            - %-5d       Suppress Key      - %-6s",
+        Signed32(g->GetKeyId()), SwitchWord(g->GetSuppress())));
     out.Add(CString());
   }
 }

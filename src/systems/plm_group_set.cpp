@@ -25,7 +25,7 @@ void CPlmGroup::Serialize(CArchive& ar) { SerializeFields(ar, *this); }
 
 // ---- CPlmGroupSet ----------------------------------------------------------------------------
 
-CPlmGroupSet::CPlmGroupSet() : CElementSet(PlmGroupSetType, RUNTIME_CLASS(CPlmGroup)) {}
+CPlmGroupSet::CPlmGroupSet() : CElementSet(PlmGroupSetType) {}
 
 CPlmGroupSet::CPlmGroupSet(unsigned short, int) : CPlmGroupSet() {}
 

@@ -64,7 +64,7 @@ void CTrunkChannel::Serialize(CArchive& ar) {
 
 // ---- CTrunkSet -------------------------------------------------------------------------------
 
-CTrunkSet::CTrunkSet() : CElementSet(TrunkSetType, RUNTIME_CLASS(CTrunkChannel)) {}
+CTrunkSet::CTrunkSet() : CElementSet(TrunkSetType) {}
 
 CTrunkSet::CTrunkSet(unsigned short t, int reducedDefaults, double bandFrequency) : CTrunkSet() {
   if (t == 77 && reducedDefaults == 0) m_Power = 1;

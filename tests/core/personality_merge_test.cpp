@@ -52,7 +52,7 @@ CSet* NewTrunkSet(const char* name) {
 TEST(PersonalityMerge, AssignmentReplacesSetsWhileAddSetsAppends) {
   CPersonality src;
   for (const char* name : {"A", "B", "C"}) src.AddSet(NewTrunkSet(name), TrunkSetType);
-  auto* stray = new CSet(TrunkSetType);  // not of the list's class: not copied
+  auto* stray = new CSet(TrunkSetType);  // not of the list's class: copied as one, set part only
   stray->SetName("STRAY");
   src.AddSet(stray, TrunkSetType);
   src.AddSet(new CSet(P25GroupSetType), P25GroupSetType);  // class not registered or not CSet
@@ -61,11 +61,13 @@ TEST(PersonalityMerge, AssignmentReplacesSetsWhileAddSetsAppends) {
   target.AddSet(NewTrunkSet("X"), TrunkSetType);
   target.AddSet(NewTrunkSet("Y"), TrunkSetType);
   target = &src;
-  ASSERT_EQ(target.GetNumTrkSets(), 3);
+  ASSERT_EQ(target.GetNumTrkSets(), 4);
   EXPECT_EQ(target.GetSetAt(0, TrunkSetType)->GetName(), "A");
+  EXPECT_STREQ(target.GetSetAt(3, TrunkSetType)->GetClassName(), "CTrunkSet");
+  EXPECT_EQ(target.GetSetAt(3, TrunkSetType)->GetName(), "STRAY");
   EXPECT_NE(target.GetSetAt(0, TrunkSetType), src.GetSetAt(0, TrunkSetType));
   target.AddSets(&src);
-  EXPECT_EQ(target.GetNumTrkSets(), 6);
+  EXPECT_EQ(target.GetNumTrkSets(), 8);
   EXPECT_EQ(target.FindSetIndex("a", TrunkSetType), 0);  // the first of two A's
   target.AddSystems(&src);
   target.AddOptions(&src);

@@ -235,7 +235,8 @@ TEST(PersonalityOptions, OneRecordPerClassName) {
   p.PutOption(&second);
   EXPECT_EQ(p.GetNumOptions(), 1);
   EXPECT_EQ(p.FindOption(RUNTIME_CLASS(CStatusMessage)), first);
-  EXPECT_EQ(p.GetOption(RUNTIME_CLASS(CStatusMessage)), nullptr);  // not a CSerial record
+  EXPECT_EQ(p.GetOption(RUNTIME_CLASS(CStatusMessage)), first);  // answered by class name
+  EXPECT_EQ(p.GetOption<CStatusMessage>(), first);
   p.PutOption(new CSerial);
   EXPECT_NE(p.GetOption<CSerial>(), nullptr);
   p.DeleteOption(RUNTIME_CLASS(CStatusMessage));

@@ -39,8 +39,18 @@ TEST(VantorOpts, SchemaOneLoadsTheFirstEightFields) {
   EXPECT_DOUBLE_EQ(12.5, v->GetStartDelayPercent());
   EXPECT_EQ(5, v->GetEmerRepeat());
   EXPECT_EQ(0, v->GetSilentEmer());
-  EXPECT_EQ('A', v->GetZone());
-  EXPECT_EQ(0, v->GetEnExtendedId());
+  // What the old file does not hold stays at the default constructor's values, all 0 but the
+  // repeat count, and is stored so.
+  ArchiveBytes stored;
+  stored.NewClass("CVantorOpts", 7);
+  stored.U8(1).U8(1).U16(2).U16(1).Str("CONV1").Str("CH-A").U16(77).F64(12.5);
+  stored.U8(0).U8(5).U8(0).U8(0).U8(0).U16(0).U8(0).I32(0).U8(0).Str("").Str("").U8(0);
+  EXPECT_EQ(test::Hex(stored.bytes), test::Hex(test::StoreObject(v.get())));
+  CStringArray out;
+  v->printOptToBuffer(out, nullptr);
+  EXPECT_EQ("   ID                         - 77   ", Lines(out).at(5));
+  EXPECT_EQ("   VANTOR Extended Id Enable  - Off            Extended Id                 - 0     ",
+            Lines(out).at(6));
 }
 
 TEST(VantorOpts, SchemaFiveLoadsConvKorvexEmerButNotTheTrunkedNames) {
@@ -75,6 +85,10 @@ TEST(VantorOpts, ModelDefaults) {
   EXPECT_EQ(5, CVantorOpts(59, 0).GetEmerRepeat());
   EXPECT_EQ(1, CVantorOpts(59, 1).GetEmerRepeat());
   EXPECT_DOUBLE_EQ(0.0, CVantorOpts().GetStartDelayPercent());
+  const CVantorOpts model(59, 0);
+  EXPECT_EQ(1, model.GetId());
+  EXPECT_EQ('A', model.GetTroop());
+  EXPECT_EQ(1, model.GetExtendedId());
 }
 
 TEST(VantorOpts, ReportBlockConventionalWithNumericId) {

@@ -18,21 +18,29 @@ struct Inventory {
 
 Inventory Take(const CPersonality& p) {
   Inventory inv;
+  // A list may hold records of other classes (a system list entry that is no system, say):
+  // they are named by their class alone.
   for (int i = 0; i < p.GetNumSystems(); ++i) {
+    const CObject* record = p.GetSystemRecordAt(i);
+    if (record == nullptr) continue;
     const CSystem* s = p.GetSystemAt(i);
-    inv.records.emplace_back(s,
-                             std::string("system ") + s->GetClassName() + " " + s->GetName().str());
+    inv.records.emplace_back(record, std::string("system ") + record->GetClassName() +
+                                         (s != nullptr ? " " + s->GetName().str() : ""));
   }
   for (int t = 0; t < kNumSetTypes; ++t) {
     const auto type = static_cast<SetType>(t);
     for (int i = 0; i < p.GetNumSets(type); ++i) {
+      const CObject* record = p.GetSetRecordAt(i, type);
+      if (record == nullptr) continue;
       const CSet* set = p.GetSetAt(i, type);
-      inv.records.emplace_back(set,
-                               std::string("set ") + SetKindKey(type) + " " + set->GetName().str());
+      inv.records.emplace_back(record, std::string("set ") + SetKindKey(type) + " " +
+                                           (set != nullptr ? set->GetName().str()
+                                                           : std::string(record->GetClassName())));
     }
   }
   for (int i = 0; i < p.GetNumOptions(); ++i) {
-    inv.optionClasses.push_back(p.GetOptionAt(i)->GetClassName());
+    if (const CObject* option = p.GetOptionAt(i))
+      inv.optionClasses.push_back(option->GetClassName());
   }
   return inv;
 }

@@ -20,7 +20,9 @@ Json ExportPersonalityJson(CPersonality& personality) {
 }
 
 std::unique_ptr<CPersonality> ImportPersonalityJson(const Json& doc, const std::string& source) {
-  if (!doc.is_object() || doc.value("format", "") != kFormat) {
+  const auto format = doc.is_object() ? doc.find("format") : doc.end();
+  if (format == doc.end() || !format->is_string() ||
+      format->get_ref<const std::string&>() != kFormat) {
     throw CJsonImportException(
         source, "/format",
         std::string("not a personality document (\"format\" must be \"") + kFormat + "\")");
