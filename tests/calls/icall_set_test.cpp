@@ -4,14 +4,14 @@
 
 #include <gtest/gtest.h>
 
+#include "support/bytes.h"
 #include "support/record_testing.h"
 #include "support/test_data.h"
-#include "systems/set_testing.h"
 
 namespace persona {
 namespace {
 
-using test::ArchiveBytes;
+using test::Bytes;
 using test::Hex;
 
 TEST(ICallSet, LoadsTheSchema1VectorAndStoresTheCurrentLayout) {
@@ -37,13 +37,13 @@ TEST(ICallSet, LoadsTheSchema1VectorAndStoresTheCurrentLayout) {
   EXPECT_EQ(1, all->GetType());
 
   // clang-format off
-  const auto current = ArchiveBytes()
-      .newClass(2, "CICallSet").count(2)
-      .newClass(3, "CICall")
-      .str("Dispatch").u16(0).u16(1).u16(0).u8(1).u32(300).str("").u32(0).u32(0)
-      .oldClass(3)
-      .str("All").u16(0).u16(0).u16(1).u8(0).u32(0).str("").u32(0).u32(0)
-      .str("UNITS").u8(4).u8(0)
+  const auto current = Bytes()
+      .NewClass("CICallSet", 2).Count(2)
+      .NewClass("CICall", 3)
+      .Str("Dispatch").U16(0).U16(1).U16(0).U8(1).U32(300).Str("").U32(0).U32(0)
+      .OldClass(3)
+      .Str("All").U16(0).U16(0).U16(1).U8(0).U32(0).Str("").U32(0).U32(0)
+      .Str("UNITS").U8(4).U8(0)
       .bytes();
   // clang-format on
   EXPECT_EQ(Hex(current), Hex(test::StoreObject(set.get())));
@@ -52,11 +52,11 @@ TEST(ICallSet, LoadsTheSchema1VectorAndStoresTheCurrentLayout) {
 TEST(ICallSet, LoadsSchema2AndStoresLidAsZero) {
   // Schema 2: a 32-bit ID, no network name or switches; a stale 16-bit ID still wins.
   // clang-format off
-  const auto bytes = ArchiveBytes()
-      .newClass(2, "CICallSet").count(2)
-      .newClass(2, "CICall").str("A").u16(0).u16(2).u16(0).u8(0).u32(100000)
-      .oldClass(3).str("B").u16(12).u16(0).u16(0).u8(0).u32(7)
-      .str("S").u8(4).u8(0);
+  const auto bytes = Bytes()
+      .NewClass("CICallSet", 2).Count(2)
+      .NewClass("CICall", 2).Str("A").U16(0).U16(2).U16(0).U8(0).U32(100000)
+      .OldClass(3).Str("B").U16(12).U16(0).U16(0).U8(0).U32(7)
+      .Str("S").U8(4).U8(0);
   // clang-format on
   std::vector<std::unique_ptr<CObject>> pool;
   auto set = test::LoadSharing<CICallSet>(bytes, pool);
@@ -72,8 +72,8 @@ TEST(ICallSet, LoadsSchema2AndStoresLidAsZero) {
   call.SetEncrypted(1);
   call.SetAllCall(1);
   // clang-format off
-  const auto stored = ArchiveBytes()
-      .newClass(3, "CICall").str("X").u16(0).u16(0).u16(0).u8(0).u32(9).str("WAN1").u32(1).u32(1)
+  const auto stored = Bytes()
+      .NewClass("CICall", 3).Str("X").U16(0).U16(0).U16(0).U8(0).U32(9).Str("WAN1").U32(1).U32(1)
       .bytes();
   // clang-format on
   EXPECT_EQ(Hex(stored), Hex(test::StoreObject(&call)));

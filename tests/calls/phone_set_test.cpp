@@ -4,14 +4,14 @@
 
 #include <gtest/gtest.h>
 
+#include "support/bytes.h"
 #include "support/record_testing.h"
 #include "support/test_data.h"
-#include "systems/set_testing.h"
 
 namespace persona {
 namespace {
 
-using test::ArchiveBytes;
+using test::Bytes;
 using test::Hex;
 
 CPhoneCall* MakeCall(const char* name, const char* number, WORD display, BYTE digital,
@@ -53,11 +53,11 @@ TEST(PhoneSet, LoadsTheVectorAndStoresItResaved) {
 
 TEST(PhoneSet, Schema1CallsAndTheBlankRepair) {
   // clang-format off
-  const auto bytes = ArchiveBytes()
-      .newClass(1, "CPhoneSet").count(2)
-      .newClass(1, "CPhoneCall").str("A").str("  ").u16(2).u8(1)
-      .oldClass(3).str("B").str(" ").u16(0).u8(0)
-      .str("OLD").u8(3).u8(0);
+  const auto bytes = Bytes()
+      .NewClass("CPhoneSet", 1).Count(2)
+      .NewClass("CPhoneCall", 1).Str("A").Str("  ").U16(2).U8(1)
+      .OldClass(3).Str("B").Str(" ").U16(0).U8(0)
+      .Str("OLD").U8(3).U8(0);
   // clang-format on
   std::vector<std::unique_ptr<CObject>> pool;
   auto set = test::LoadSharing<CPhoneSet>(bytes, pool);

@@ -5,14 +5,14 @@
 #include <gtest/gtest.h>
 
 #include "calls/plm_sp_call_set.h"
+#include "support/bytes.h"
 #include "support/record_testing.h"
 #include "support/test_data.h"
-#include "systems/set_testing.h"
 
 namespace persona {
 namespace {
 
-using test::ArchiveBytes;
+using test::Bytes;
 using test::Hex;
 
 CSpCall* MakeSpCall(const char* name, const char* number, BYTE type, WORD digital) {
@@ -37,10 +37,10 @@ TEST(SpCallSet, DefaultsBytesAndCopies) {
   set.SetLidHigh(0x1234);
   set.Add(MakeSpCall("Tel", "5551234", 0, 1));
   // clang-format off
-  const auto expected = ArchiveBytes()
-      .newClass(1, "CSpCallSet").count(1)
-      .newClass(1, "CSpCall").str("Tel").str("5551234").u8(0).u16(1)
-      .str("SPEC").u8(5).u8(0).u16(100).u16(0x1234)
+  const auto expected = Bytes()
+      .NewClass("CSpCallSet", 1).Count(1)
+      .NewClass("CSpCall", 1).Str("Tel").Str("5551234").U8(0).U16(1)
+      .Str("SPEC").U8(5).U8(0).U16(100).U16(0x1234)
       .bytes();
   // clang-format on
   EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
@@ -92,10 +92,10 @@ TEST(PlmSpCallSet, BytesEqualityAndReport) {
   for (int i = 0; i < 4; ++i) c->SetTone(i, static_cast<WORD>(i * 7 + 1));
   set.Add(c);
   // clang-format off
-  const auto bytes = ArchiveBytes()
-      .newClass(1, "CPlmSpCallSet").count(1)
-      .newClass(1, "CPlmSpCall").str("Over").str("12#").u8(2).u16(1).u16(8).u16(15).u16(22)
-      .str("PAGING").u8(7).u8(0)
+  const auto bytes = Bytes()
+      .NewClass("CPlmSpCallSet", 1).Count(1)
+      .NewClass("CPlmSpCall", 1).Str("Over").Str("12#").U8(2).U16(1).U16(8).U16(15).U16(22)
+      .Str("PAGING").U8(7).U8(0)
       .bytes();
   // clang-format on
   EXPECT_EQ(Hex(bytes), Hex(test::StoreObject(&set)));

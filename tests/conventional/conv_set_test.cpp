@@ -6,14 +6,14 @@
 
 #include <map>
 
+#include "support/bytes.h"
 #include "support/record_testing.h"
 #include "support/test_data.h"
-#include "systems/set_testing.h"
 
 namespace persona {
 namespace {
 
-using test::ArchiveBytes;
+using test::Bytes;
 using test::ExpectLines;
 using test::Hex;
 
@@ -117,14 +117,14 @@ FieldMap MapOf(CObject& rec) {
 
 // The bytes of a channel stored with schema (up to 10), in the layout above, from the values
 // of the record's fields.
-ArchiveBytes& AppendChannel(ArchiveBytes& b, CConvChannel& c, unsigned schema = 10) {
+Bytes& AppendChannel(Bytes& b, CConvChannel& c, unsigned schema = 10) {
   const FieldMap map = MapOf(c);
   for (const LayoutField& f : kChannelLayout) {
     if (f.since > schema) continue;
-    if (f.width == 0) b.str(map.texts.at(f.name));
-    if (f.width == 8) b.f64(map.reals.at(f.name));
-    if (f.width == 2) b.u16(static_cast<unsigned>(map.numbers.at(f.name)));
-    if (f.width == 1) b.u8(static_cast<unsigned>(map.numbers.at(f.name)));
+    if (f.width == 0) b.Str(map.texts.at(f.name));
+    if (f.width == 8) b.F64(map.reals.at(f.name));
+    if (f.width == 2) b.U16(static_cast<unsigned>(map.numbers.at(f.name)));
+    if (f.width == 1) b.U8(static_cast<unsigned>(map.numbers.at(f.name)));
   }
   return b;
 }
@@ -132,8 +132,8 @@ ArchiveBytes& AppendChannel(ArchiveBytes& b, CConvChannel& c, unsigned schema = 
 TEST(ConvChannel, StoresEveryFieldInArchiveOrder) {
   CConvChannel c;
   test::FillFields(c, 4);  // a different value in every field
-  ArchiveBytes expected;
-  expected.newClass(10, "CConvChannel");
+  Bytes expected;
+  expected.NewClass("CConvChannel", 10);
   AppendChannel(expected, c);
   EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&c)));
   test::ExpectRoundTrip(c);
@@ -145,8 +145,8 @@ TEST(ConvChannel, LoadsEveryOlderSchemaWithLaterFieldsAtTheirDefaults) {
   for (unsigned schema = 1; schema <= 10; ++schema) {
     CConvChannel source;
     test::FillFields(source, static_cast<int>(schema));
-    ArchiveBytes bytes;
-    bytes.newClass(schema, "CConvChannel");
+    Bytes bytes;
+    bytes.NewClass("CConvChannel", schema);
     AppendChannel(bytes, source, schema);
     std::vector<std::unique_ptr<CObject>> pool;
     auto loaded = test::LoadSharing<CConvChannel>(bytes, pool);
@@ -159,8 +159,8 @@ TEST(ConvChannel, LoadsEveryOlderSchemaWithLaterFieldsAtTheirDefaults) {
       EXPECT_EQ(want, read.numbers.at(f.name)) << f.name << " at schema " << schema;
     }
     EXPECT_EQ(written.texts.at("RxCg"), read.texts.at("RxCg"));
-    ArchiveBytes current;  // stored again: schema 10, every field
-    current.newClass(10, "CConvChannel");
+    Bytes current;  // stored again: schema 10, every field
+    current.NewClass("CConvChannel", 10);
     EXPECT_EQ(Hex(AppendChannel(current, *loaded)), Hex(test::StoreObject(loaded.get())));
   }
 }
@@ -199,19 +199,19 @@ void FillSet(CConvSet& set) {
 TEST(ConvSet, StoresTheDocumentedLayout) {
   CConvSet set;
   FillSet(set);
-  ArchiveBytes expected;
-  expected.newClass(4, "CConvSet").count(2).newClass(10, "CConvChannel");
+  Bytes expected;
+  expected.NewClass("CConvSet", 4).Count(2).NewClass("CConvChannel", 10);
   AppendChannel(expected, *set.GetChannelAt(0));
-  expected.oldClass(3);
+  expected.OldClass(3);
   AppendChannel(expected, *set.GetChannelAt(1));
   // clang-format off
-  expected.str("CITY").u8(1).u8(0)
-      .f64(150.0).f64(136.0).f64(174.0).f64(174.0)  // minimum pair first
-      .str("CH1").str("CH2").str("CH1").str("CH3")
-      .u8(1)                                        // Dtmf: end of schema 1
-      .u8(0).u8(1).u8(2).u8(3).u8(4).u16(0x0506)    // schema 2
-      .u16(600)                                     // schema 3: DataCCT
-      .str("CH2");                                  // schema 4: AltPttChan
+  expected.Str("CITY").U8(1).U8(0)
+      .F64(150.0).F64(136.0).F64(174.0).F64(174.0)  // minimum pair first
+      .Str("CH1").Str("CH2").Str("CH1").Str("CH3")
+      .U8(1)                                        // Dtmf: end of schema 1
+      .U8(0).U8(1).U8(2).U8(3).U8(4).U16(0x0506)    // schema 2
+      .U16(600)                                     // schema 3: DataCCT
+      .Str("CH2");                                  // schema 4: AltPttChan
   // clang-format on
   EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
   test::ExpectRoundTrip(set);
@@ -219,12 +219,12 @@ TEST(ConvSet, StoresTheDocumentedLayout) {
 
 TEST(ConvSet, LoadsOlderSchemas) {
   auto setBytes = [](unsigned schema) {
-    ArchiveBytes b;
-    b.newClass(schema, "CConvSet").count(0).str("OLD").u8(1).u8(0);
-    b.f64(150.0).f64(136.0).f64(174.0).f64(174.0).str("H").str("P1").str("P2").str("W").u8(0);
-    if (schema >= 2) b.u8(1).u8(1).u8(1).u8(1).u8(1).u16(7);
-    if (schema >= 3) b.u16(30);
-    if (schema >= 4) b.str("ALT");
+    Bytes b;
+    b.NewClass("CConvSet", schema).Count(0).Str("OLD").U8(1).U8(0);
+    b.F64(150.0).F64(136.0).F64(174.0).F64(174.0).Str("H").Str("P1").Str("P2").Str("W").U8(0);
+    if (schema >= 2) b.U8(1).U8(1).U8(1).U8(1).U8(1).U16(7);
+    if (schema >= 3) b.U16(30);
+    if (schema >= 4) b.Str("ALT");
     return b;
   };
   std::vector<std::unique_ptr<CObject>> pool;
@@ -346,26 +346,6 @@ TEST(ConvSet, FrequencyCheckEdges) {
   EXPECT_EQ(0, check(820.0, 870.00001, 800.0));
   EXPECT_EQ(0, check(799.0, 850.0, 800.0));
   EXPECT_EQ(1, CConvSet().CheckFrequencyRange(806.0, 0.0, 851.0, 870.0));
-}
-
-TEST(ConvSet, ModelDefaults) {
-  struct Case {
-    unsigned short type;
-    int reduced, power, table, osc, backlight, alert;
-  };
-  for (const Case& c :
-       {Case{29, 0, 1, 1, 2, 1, 1}, Case{104, 0, 1, 0, 3, 1, 1}, Case{104, 1, 0, 0, 0, 0, 0},
-        Case{54, 1, 0, 0, 2, 0, 0}, Case{33, 1, 0, 1, 2, 0, 1}}) {
-    const CConvChannel ch(c.type, c.reduced);
-    const std::vector<int> got = {ch.GetPower(), ch.GetT99Table(), ch.GetOscShift(),
-                                  ch.GetBacklight(), ch.GetAlertTone()};
-    EXPECT_EQ((std::vector<int>{c.power, c.table, c.osc, c.backlight, c.alert}), got) << c.type;
-  }
-  EXPECT_EQ(85, CConvChannel().GetTxAddr());
-  EXPECT_EQ(1, CConvSet().GetDtmf());
-  EXPECT_EQ(0, CConvSet(4150, 1).GetDtmf());
-  EXPECT_EQ(1, CConvSet(4150, 0).GetDtmf());
-  EXPECT_EQ(1, CConvSet(68, 1).GetDtmf());
 }
 
 CConvChannel* ReportChannel() {

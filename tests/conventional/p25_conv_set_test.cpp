@@ -4,14 +4,14 @@
 
 #include <gtest/gtest.h>
 
+#include "support/bytes.h"
 #include "support/record_testing.h"
 #include "support/test_data.h"
-#include "systems/set_testing.h"
 
 namespace persona {
 namespace {
 
-using test::ArchiveBytes;
+using test::Bytes;
 using test::Hex;
 
 CP25ConvChannel* MakeChannel(const char* name, double tx, double rx) {
@@ -41,18 +41,18 @@ TEST(P25ConvSet, StoresTheDocumentedLayout) {
   c->SetTalkaround(0);
   set.Add(c);
   // clang-format off
-  const auto expected = ArchiveBytes()
-      .newClass(1, "CP25ConvSet").count(1)
-      .newClass(3, "CP25ConvChannel")
-      .str("OPS").f64(155.1).f64(155.7).str("C").str("")
-      .u32(0x00010203).u16(0x123).u16(659)
-      .u8(1).u8(1).u8(0).u8(0).u8(0).u8(1).u8(1).u8(0)  // Ste, Backlight, Scan, CCT, TxBusy,
+  const auto expected = Bytes()
+      .NewClass("CP25ConvSet", 1).Count(1)
+      .NewClass("CP25ConvChannel", 3)
+      .Str("OPS").F64(155.1).F64(155.7).Str("C").Str("")
+      .U32(0x00010203).U16(0x123).U16(659)
+      .U8(1).U8(1).U8(0).U8(0).U8(0).U8(1).U8(1).U8(0)  // Ste, Backlight, Scan, CCT, TxBusy,
                                                         // Emer, AlertTone, FixPower
-      .u8(2).u8(2).u8(1).u8(1)                          // BandWidth, SqMode, VoiceMode, Power
-      .u8(1)                                            // schema 2: PreAmp, after Power
-      .u8(1).u8(0)                                      // schema 3: CgSel, Talkaround
-      .str("P25C").u8(8).u8(0)
-      .f64(136.0).f64(137.0).f64(174.0).f64(173.0).str("GRPS")
+      .U8(2).U8(2).U8(1).U8(1)                          // BandWidth, SqMode, VoiceMode, Power
+      .U8(1)                                            // schema 2: PreAmp, after Power
+      .U8(1).U8(0)                                      // schema 3: CgSel, Talkaround
+      .Str("P25C").U8(8).U8(0)
+      .F64(136.0).F64(137.0).F64(174.0).F64(173.0).Str("GRPS")
       .bytes();
   // clang-format on
   EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
@@ -61,14 +61,14 @@ TEST(P25ConvSet, StoresTheDocumentedLayout) {
 
 TEST(P25ConvSet, LoadsOlderChannelSchemas) {
   auto setWith = [](unsigned schema) {
-    ArchiveBytes b;
-    b.newClass(1, "CP25ConvSet").count(1).newClass(schema, "CP25ConvChannel");
-    b.str("A").f64(851.0).f64(806.0).str("").str("").u32(5).u16(1).u16(2);
-    for (int i = 0; i < 8; ++i) b.u8(0);
-    b.u8(1).u8(1).u8(0).u8(0);
-    if (schema >= 2) b.u8(1);
-    if (schema >= 3) b.u8(0).u8(0);
-    b.str("S").u8(8).u8(0).f64(0.0).f64(0.0).f64(0.0).f64(0.0).str("");
+    Bytes b;
+    b.NewClass("CP25ConvSet", 1).Count(1).NewClass("CP25ConvChannel", schema);
+    b.Str("A").F64(851.0).F64(806.0).Str("").Str("").U32(5).U16(1).U16(2);
+    for (int i = 0; i < 8; ++i) b.U8(0);
+    b.U8(1).U8(1).U8(0).U8(0);
+    if (schema >= 2) b.U8(1);
+    if (schema >= 3) b.U8(0).U8(0);
+    b.Str("S").U8(8).U8(0).F64(0.0).F64(0.0).F64(0.0).F64(0.0).Str("");
     return b;
   };
   std::vector<std::unique_ptr<CObject>> pool;

@@ -3,7 +3,7 @@
 
 #include "framework/exceptions.h"
 #include "options/agency_data.h"
-#include "options/option_test_bytes.h"
+#include "support/bytes.h"
 
 namespace persona {
 namespace {
@@ -20,8 +20,8 @@ TEST(AgencyData, FleetsGrowPerAgency) {
 
 TEST(AgencyData, SchemaOneHasNoNamesAndPrintsWithout) {
   const auto bytes =
-      test::Bytes("CAgencyData", 1).Put<WORD>(2).Put<WORD>(2).Put<WORD>(16).Put<WORD>(4).get();
-  auto data = test::LoadOption<CAgencyData>(bytes);
+      test::Bytes("CAgencyData", 1).Put<WORD>(2).Put<WORD>(2).Put<WORD>(16).Put<WORD>(4).bytes();
+  auto data = test::LoadWhole<CAgencyData>(bytes);
   EXPECT_EQ(data->GetNumAgencies(), 2);
   EXPECT_EQ(data->GetFleetsAt(1), 4);
   EXPECT_EQ(data->GetAgencyNames().GetSize(), 0);

@@ -5,23 +5,23 @@
 #include <gtest/gtest.h>
 
 #include "core/personality.h"
-#include "options/archive_bytes.h"
 #include "options/gen_radio_opts.h"
 #include "options/pellam_opts.h"
+#include "support/bytes.h"
 #include "support/test_data.h"
 
 namespace persona {
 namespace {
 
-using test::ArchiveBytes;
+using test::Bytes;
 using test::Lines;
 using test::LoadWhole;
 
 TEST(AlertOpts, SchemaOneLoadsTwoWordsAndSixBytes) {
-  ArchiveBytes old;
+  Bytes old;
   old.NewClass("CAlertOpts", 1).U16(2).U16(20);
   for (BYTE v : {1, 2, 0, 1, 0, 0}) old.U8(v);
-  const auto a = LoadWhole<CAlertOpts>(old.bytes);
+  const auto a = LoadWhole<CAlertOpts>(old.bytes());
   EXPECT_EQ(2, a->GetMinAlertTone());
   EXPECT_EQ(20, a->GetMaxAlertTone());
   EXPECT_EQ(1, a->GetRxAlertTone());
@@ -32,50 +32,23 @@ TEST(AlertOpts, SchemaOneLoadsTwoWordsAndSixBytes) {
   EXPECT_EQ(0, a->GetCnvTxBeep());
 
   // Stored again: the full schema-4 layout, later fields at the neutral defaults.
-  ArchiveBytes now;
+  Bytes now;
   now.NewClass("CAlertOpts", 4).U16(2).U16(20);
   for (BYTE v : {1, 2, 0, 1, 0, 0, /*schema 2*/ 0, 0, /*3*/ 1, 0, 1, /*4*/ 0, 0}) now.U8(v);
-  EXPECT_EQ(test::Hex(now.bytes), test::Hex(test::StoreObject(a.get())));
+  EXPECT_EQ(test::Hex(now.bytes()), test::Hex(test::StoreObject(a.get())));
 }
 
 TEST(AlertOpts, SchemaThreeStopsBeforeTheLowBatteryFields) {
-  ArchiveBytes old;
+  Bytes old;
   old.NewClass("CAlertOpts", 3).U16(0).U16(31);
   for (BYTE v : {0, 0, 1, 0, 1, 1, 1, 1, 0, 2, 0}) old.U8(v);
-  const auto a = LoadWhole<CAlertOpts>(old.bytes);
+  const auto a = LoadWhole<CAlertOpts>(old.bytes());
   EXPECT_EQ(1, a->GetP1ScanAlert());
   EXPECT_EQ(1, a->GetOutOfRangeAlert());
   EXPECT_EQ(0, a->GetAudibleAlert());
   EXPECT_EQ(2, a->GetAlertToneVol());
   EXPECT_EQ(0, a->GetAlertToneEn());
   EXPECT_EQ(0, a->GetMultLowBattAlerts());
-}
-
-TEST(AlertOpts, ModelOverrides) {
-  EXPECT_EQ(1, CAlertOpts(29, 0).GetP1ScanAlert());
-  EXPECT_EQ(1, CAlertOpts(33, 0).GetP1ScanAlert());
-  EXPECT_EQ(0, CAlertOpts(29, 1).GetP1ScanAlert());
-  EXPECT_EQ(0, CAlertOpts(30, 0).GetP1ScanAlert());
-
-  for (unsigned short type : {54, 4150}) {
-    const CAlertOpts a(type, 1);
-    EXPECT_EQ(0, a.GetChanAccessTones()) << type;
-    EXPECT_EQ(31, a.GetMaxAlertTone()) << type;
-  }
-  const CAlertOpts setA(68, 1);
-  EXPECT_EQ(0, setA.GetChanAccessTones());
-  EXPECT_EQ(0, setA.GetMaxAlertTone());
-  EXPECT_EQ(1, setA.GetTrkTxBeep());
-  const CAlertOpts setAFull(106, 0);
-  EXPECT_EQ(1, setAFull.GetChanAccessTones());
-  EXPECT_EQ(31, setAFull.GetMaxAlertTone());
-
-  const CAlertOpts setB(86, 1);
-  EXPECT_EQ(0, setB.GetTrkTxBeep());
-  EXPECT_EQ(0, setB.GetCnvTxBeep());
-  EXPECT_EQ(1, setB.GetChanAccessTones());
-  EXPECT_EQ(1, CAlertOpts(86, 0).GetTrkTxBeep());
-  EXPECT_EQ(1, CAlertOpts(4096 + 59, 1).GetTrkTxBeep());  // codes match exactly
 }
 
 TEST(AlertOpts, ReportBlockWithTemporaryQuotedRecords) {

@@ -4,25 +4,25 @@
 
 #include <gtest/gtest.h>
 
-#include "options/archive_bytes.h"
+#include "support/bytes.h"
 #include "support/test_data.h"
 
 namespace persona {
 namespace {
 
-using test::ArchiveBytes;
+using test::Bytes;
 using test::LoadWhole;
 
 // A display record of the given schema with backlight level 2 and every field that schema has.
 std::vector<BYTE> StoredDisplay(WORD schema) {
-  ArchiveBytes b;
+  Bytes b;
   b.NewClass("CDisplayOpts", schema);
   for (BYTE v : {0, 1, 1, 0, 0, 1, 0, 1, 0, 1, 2, 1}) b.U8(v);
   b.U16(2).U8(1);
   if (schema >= 2) b.F64(12.5);
   if (schema >= 4) b.U8(1).U8(1);
   if (schema >= 5) b.I32(1);
-  return b.bytes;
+  return b.bytes();
 }
 
 TEST(DisplayOpts, BacklightLevelOfOldSchemasIsMultipliedBySix) {
@@ -51,14 +51,6 @@ TEST(DisplayOpts, BacklightLevelOfOldSchemasIsMultipliedBySix) {
   EXPECT_EQ(1, five->GetToggleAlertMsg());
   // A current record stores exactly what it was loaded from.
   EXPECT_EQ(test::Hex(StoredDisplay(5)), test::Hex(test::StoreObject(five.get())));
-}
-
-TEST(DisplayOpts, ModelOverrides) {
-  EXPECT_EQ(0, CDisplayOpts(68, 1).GetICallStore());
-  EXPECT_EQ(1, CDisplayOpts(68, 1).GetVolumeDisplay());
-  EXPECT_EQ(1, CDisplayOpts(68, 0).GetICallStore());
-  EXPECT_EQ(0, CDisplayOpts(59, 1).GetVolumeDisplay());
-  EXPECT_EQ(1, CDisplayOpts(59, 0).GetVolumeDisplay());
 }
 
 TEST(DisplayOpts, ReportBlock) {

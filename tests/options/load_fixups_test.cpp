@@ -5,10 +5,10 @@
 #include <gtest/gtest.h>
 
 #include "core/personality.h"
-#include "options/archive_bytes.h"
 #include "options/gen_radio_opts.h"
 #include "options/supervisory_opts.h"
 #include "options/tone_encode.h"
+#include "support/bytes.h"
 #include "support/test_data.h"
 
 namespace persona {
@@ -56,14 +56,14 @@ TEST(GeneralOptionsFixup, NoLatchOrNoGeneralOptionsChangesNothing) {
 
 // A tone encode record as a version-16 file holds it: sequences of each encode type.
 std::unique_ptr<CToneEncode> OldToneEncode() {
-  test::ArchiveBytes b;
+  test::Bytes b;
   b.NewClass("CToneEncode", 1).U16(4);
   b.NewClass("CToneSeq", 1).Str("S0").U8(2).U8(3).U16(0).U16(100);
   b.U16(0x8003).Str("S1").U8(2).U8(0).U16(0).U16(100);
   b.U16(0x8003).Str("S2").U8(1).U8(3).U16(0).U16(100);
   b.U16(0x8003).Str("S3").U8(2).U8(2).U16(0).U16(100);
   b.U8(1);
-  return test::LoadWhole<CToneEncode>(b.bytes);
+  return test::LoadWhole<CToneEncode>(b.bytes());
 }
 
 TEST(ToneTriggerFixup, SequentialTriggersAdvanceAndThreeWraps) {

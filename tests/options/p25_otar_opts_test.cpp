@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "options/archive_bytes.h"
+#include "support/bytes.h"
 #include "support/test_data.h"
 
 namespace persona {
@@ -33,35 +33,17 @@ TEST(P25OtarOpts, StoredBytesAndAnyNonZeroSwitchByte) {
   otar.SetKmfRsi(0xABCDEF);
   otar.SetIndividualRsi(1234567);
   otar.EnableOtar(true);
-  test::ArchiveBytes b;
+  test::Bytes b;
   b.NewClass("CP25OtarOpts", 1).U16(500).U8(9).U32(0xABCDEF).U32(1234567).U8(1);
-  EXPECT_EQ(test::Hex(b.bytes), test::Hex(test::StoreObject(&otar)));
+  EXPECT_EQ(test::Hex(b.bytes()), test::Hex(test::StoreObject(&otar)));
 
-  b.bytes.back() = 0x7F;
-  const auto loaded = test::LoadWhole<CP25OtarOpts>(b.bytes);
+  b.bytes().back() = 0x7F;
+  const auto loaded = test::LoadWhole<CP25OtarOpts>(b.bytes());
   EXPECT_TRUE(loaded->IsOtarEnabled());
   CStringArray out;
   loaded->printOptToBuffer(out, nullptr);
   EXPECT_EQ("OTAR Options Enabled: TRUE     ", out.GetAt(2).str());
   EXPECT_EQ("Individual RSI: 1234567   ", out.GetAt(4).str());
-}
-
-TEST(P25OtarOpts, AssignmentCopiesEveryField) {
-  CP25OtarOpts src;
-  src.SetMnp(1);
-  src.SetRetryTimer(2);
-  src.SetKmfRsi(3);
-  src.SetIndividualRsi(4);
-  src.EnableOtar(true);
-  CP25OtarOpts target;
-  const CP25OtarOpts returned = (target = src);
-  for (const CP25OtarOpts* r : {static_cast<const CP25OtarOpts*>(&target), &returned}) {
-    EXPECT_EQ(1, r->GetMnp());
-    EXPECT_EQ(2, r->GetRetryTimer());
-    EXPECT_EQ(3u, r->GetKmfRsi());
-    EXPECT_EQ(4u, r->GetIndividualRsi());
-    EXPECT_TRUE(r->IsOtarEnabled());
-  }
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-#include "options/archive_bytes.h"
+#include "support/bytes.h"
 #include "support/test_data.h"
 
 namespace persona {
@@ -96,12 +96,12 @@ TEST(P25tWanOpts, StoredBytes) {
   CP25tWanOpts opts;
   opts.AddWan(Wan("N1", 0x12345, 0x2F));
   opts.AddWan(Wan("N2", 7, 8));
-  test::ArchiveBytes b;
+  test::Bytes b;
   b.NewClass("CP25tWanOpts", 1).U16(2);
   b.NewClass("CP25TrkWan", 2).Str("N1").U32(0x12345).U16(0x2F);
   b.U16(0x8003).Str("N2").U32(7).U16(8);  // the class again, by its index
-  EXPECT_EQ(test::Hex(b.bytes), test::Hex(test::StoreObject(&opts)));
-  const auto loaded = test::LoadWhole<CP25tWanOpts>(b.bytes);
+  EXPECT_EQ(test::Hex(b.bytes()), test::Hex(test::StoreObject(&opts)));
+  const auto loaded = test::LoadWhole<CP25tWanOpts>(b.bytes());
   EXPECT_EQ("N1 N2 ", Names(*loaded));
 }
 

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "core/personality.h"
-#include "options/option_test_bytes.h"
 #include "options/scan_opts.h"
+#include "support/bytes.h"
 
 namespace persona {
 namespace {
@@ -27,8 +27,8 @@ TEST(ScanOpts, ConvScanSchemaTwoLoadsUpToTheScanCount) {
                          .Put<BYTE>(1)
                          .Put<BYTE>(1)
                          .Put<WORD>(4)
-                         .get();
-  auto scan = test::LoadOption<CConvScanOpts>(bytes);
+                         .bytes();
+  auto scan = test::LoadWhole<CConvScanOpts>(bytes);
   EXPECT_EQ(scan->GetHomeChan(), "HOME");
   EXPECT_EQ(scan->GetHomeSystem(), "COUNTY");
   EXPECT_EQ(scan->GetScanCount(), 4);
@@ -37,8 +37,8 @@ TEST(ScanOpts, ConvScanSchemaTwoLoadsUpToTheScanCount) {
 }
 
 TEST(ScanOpts, LumoPrioritySystemsArrivedOneSchemaAtATime) {
-  const auto bytes = test::Bytes("CLumoConvScanOpts", 2).Str("P1").Str("P2").Str("SYS1").get();
-  auto lumo = test::LoadOption<CLumoConvScanOpts>(bytes);
+  const auto bytes = test::Bytes("CLumoConvScanOpts", 2).Str("P1").Str("P2").Str("SYS1").bytes();
+  auto lumo = test::LoadWhole<CLumoConvScanOpts>(bytes);
   EXPECT_EQ(lumo->GetP1System(), "SYS1");
   EXPECT_EQ(lumo->GetP2System(), "");
 }

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "framework/exceptions.h"
-#include "options/option_test_bytes.h"
 #include "options/siren_lights.h"
+#include "support/bytes.h"
 
 namespace persona {
 namespace {
@@ -21,35 +21,19 @@ TEST(SirenLights, StoresEntriesAsNestedObjectsWithOneClassTag) {
   opts.GetEntryAt(1)->SetCancel(1);
 
   Bytes expected("CSirenLightsOpts", 1);
-  expected.Put<WORD>(2).Tag("CSirenLights", 1).Put<BYTE>(1).Put<BYTE>(2).Put<BYTE>(0);
+  expected.Put<WORD>(2).NewClass("CSirenLights", 1).Put<BYTE>(1).Put<BYTE>(2).Put<BYTE>(0);
   for (WORD c = 1; c <= 9; ++c) expected.Put<WORD>(c);
   // The second entry refers back to class index 3 (CSirenLightsOpts 1, its object 2).
   expected.Put<WORD>(0x8003).Put<BYTE>(0).Put<BYTE>(0).Put<BYTE>(1);
   for (int c = 0; c < 9; ++c) expected.Put<WORD>(0);
   expected.Put<WORD>(30);
   const auto bytes = test::StoreObject(&opts);
-  EXPECT_EQ(test::Hex(bytes), test::Hex(expected.get()));
+  EXPECT_EQ(test::Hex(bytes), test::Hex(expected.bytes()));
 
-  auto loaded = test::LoadOption<CSirenLightsOpts>(bytes);
+  auto loaded = test::LoadWhole<CSirenLightsOpts>(bytes);
   ASSERT_EQ(loaded->GetNumEntries(), 2);
   EXPECT_EQ(loaded->GetEntryAt(0)->GetControlAt(8), 9);
   EXPECT_EQ(loaded->GetEntryAt(1)->GetCancel(), 1);
-}
-
-TEST(SirenLights, ConstructorsFillEntries) {
-  EXPECT_EQ(CSirenLightsOpts(3).GetNumEntries(), 3);
-  EXPECT_EQ(CSirenLightsOpts(-1).GetNumEntries(), 0);
-  EXPECT_EQ(CSirenLightsOpts().GetNumEntries(), 0);
-  const CSirenLightsOpts model(54, 0);
-  ASSERT_EQ(model.GetNumEntries(), 4);
-  EXPECT_EQ(model.GetEntryAt(3)->GetSiren(), 4);
-  EXPECT_EQ(model.GetTimeout(), 30);
-  EXPECT_EQ(CSirenLightsOpts(54, 1).GetNumEntries(), 0);
-
-  // Copies own their entries.
-  CSirenLightsOpts copy(model);
-  copy.GetEntryAt(0)->SetSiren(3);
-  EXPECT_EQ(model.GetEntryAt(0)->GetSiren(), 1);
 }
 
 TEST(SirenLights, ControlIndexOutsideTheNineRaises) {

@@ -1,8 +1,8 @@
 // External speaker and public address options: the stored bytes, an old schema, the report.
 #include <gtest/gtest.h>
 
-#include "options/option_test_bytes.h"
 #include "options/speaker_opts.h"
+#include "support/bytes.h"
 #include "support/test_data.h"
 
 namespace persona {
@@ -18,7 +18,7 @@ TEST(SpeakerOpts, PublicAddressStoresItsFieldsInOrder) {
   pa.SetOutput(7);
   pa.SetLevel(0x0102);
   const auto expected =
-      Bytes("CPubAddOpts", 1).Put<BYTE>(1).Put<BYTE>(0).Put<BYTE>(7).Put<WORD>(0x0102).get();
+      Bytes("CPubAddOpts", 1).Put<BYTE>(1).Put<BYTE>(0).Put<BYTE>(7).Put<WORD>(0x0102).bytes();
   EXPECT_EQ(Hex(test::StoreObject(&pa)), Hex(expected));
 }
 
@@ -31,8 +31,8 @@ TEST(SpeakerOpts, ExternalSpeakerSchemaOneLeavesLaterFieldsAtNeutralDefaults) {
                          .Put<BYTE>(6)
                          .Put<BYTE>(1)
                          .Put<WORD>(9)
-                         .get();
-  auto spk = test::LoadOption<CExtSpkrOpts>(bytes);
+                         .bytes();
+  auto spk = test::LoadWhole<CExtSpkrOpts>(bytes);
   EXPECT_EQ(spk->GetEnable(), 1);
   EXPECT_EQ(spk->GetOutput(), 6);
   EXPECT_EQ(spk->GetLevel(), 9);
@@ -44,12 +44,6 @@ TEST(SpeakerOpts, ExternalSpeakerSchemaOneLeavesLaterFieldsAtNeutralDefaults) {
   const auto stored = test::StoreObject(spk.get());
   EXPECT_EQ(stored.size(), bytes.size() + 4);
   EXPECT_EQ(stored[2], 4);
-}
-
-TEST(SpeakerOpts, ModelDefaultsReduceOptionalFeatures) {
-  EXPECT_EQ(CExtSpkrOpts(54, 0).GetHornAlertReset(), 1);
-  EXPECT_EQ(CExtSpkrOpts(54, 1).GetHornAlertReset(), 0);
-  EXPECT_EQ(CExtSpkrOpts().GetHornAlertReset(), 0);
 }
 
 TEST(SpeakerOpts, PublicAddressReportLines) {

@@ -4,8 +4,8 @@
 
 #include "core/personality.h"
 #include "framework/exceptions.h"
-#include "options/option_test_bytes.h"
 #include "options/status_opts.h"
+#include "support/bytes.h"
 #include "support/record_testing.h"
 
 namespace persona {
@@ -66,16 +66,16 @@ TEST(StatusOpts, LoadRefusesAnEntryOfAnotherClass) {
   // One entry of class CMacro, which a status list cannot hold.
   const auto bytes = test::Bytes("CStatus", 2)
                          .Put<WORD>(1)
-                         .Tag("CMacro", 1)
+                         .NewClass("CMacro", 1)
                          .Put<DWORD>(5)
                          .Put<WORD>(6)
                          .Put<BYTE>(0)
                          .Put<WORD>(0)
                          .Put<WORD>(0)
                          .Put<BYTE>(0)
-                         .get();
+                         .bytes();
   try {
-    test::LoadOption<CStatus>(bytes);
+    test::LoadWhole<CStatus>(bytes);
     ADD_FAILURE() << "a CMacro entry was accepted";
   } catch (const CArchiveException& e) {
     EXPECT_EQ(e.m_cause, CArchiveException::badClass) << e.what();
@@ -85,13 +85,13 @@ TEST(StatusOpts, LoadRefusesAnEntryOfAnotherClass) {
 TEST(StatusOpts, SchemaOneLoadsListAndTransmitSettingsOnly) {
   const auto bytes = test::Bytes("CStatus", 1)
                          .Put<WORD>(1)
-                         .Tag("CStatusMessage", 1)
+                         .NewClass("CStatusMessage", 1)
                          .Str("BUSY")
                          .Put<WORD>(4)
                          .Put<BYTE>(1)
                          .Put<WORD>(6)
-                         .get();
-  auto status = test::LoadOption<CStatus>(bytes);
+                         .bytes();
+  auto status = test::LoadWhole<CStatus>(bytes);
   ASSERT_EQ(status->GetNumStatuses(), 1);
   EXPECT_EQ(status->GetStatusAt(0)->GetName(), "BUSY");
   EXPECT_EQ(status->GetStatusAt(0)->GetId(), 4);

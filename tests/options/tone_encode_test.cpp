@@ -4,13 +4,13 @@
 
 #include <gtest/gtest.h>
 
-#include "options/archive_bytes.h"
+#include "support/bytes.h"
 #include "support/test_data.h"
 
 namespace persona {
 namespace {
 
-using test::ArchiveBytes;
+using test::Bytes;
 
 CToneSeq* Seq(const char* name, BYTE type, BYTE trigger, std::initializer_list<WORD> tones) {
   auto* seq = new CToneSeq;
@@ -60,11 +60,11 @@ TEST(ToneEncode, CopiesAreDeep) {
 }
 
 TEST(ToneEncode, SchemaOneRecordsAndTheCurrentLayout) {
-  ArchiveBytes old;
+  Bytes old;
   old.NewClass("CToneEncode", 1).U16(1);
   old.NewClass("CToneSeq", 1).Str("FIRE").U8(2).U8(3).U16(2).U16(15000).U16(12000).U16(250);
   old.U8(0);  // side tone
-  const auto enc = test::LoadWhole<CToneEncode>(old.bytes);
+  const auto enc = test::LoadWhole<CToneEncode>(old.bytes());
   ASSERT_EQ(1, enc->GetNumSeqs());
   const CToneSeq* seq = enc->GetSeqAt(0);
   EXPECT_EQ(3, seq->GetEncodingTrigger());
@@ -74,12 +74,12 @@ TEST(ToneEncode, SchemaOneRecordsAndTheCurrentLayout) {
   EXPECT_EQ(0, enc->GetSideTone());
   EXPECT_EQ(3000, enc->GetToneLevel());
 
-  ArchiveBytes now;
+  Bytes now;
   now.NewClass("CToneEncode", 2).U16(1);
   now.NewClass("CToneSeq", 2).Str("FIRE").U8(2).U8(3).U16(2).U16(15000).U16(12000).U16(250);
   now.U16(0);           // pre-delay
   now.U8(0).U16(3000);  // side tone, tone level
-  EXPECT_EQ(test::Hex(now.bytes), test::Hex(test::StoreObject(enc.get())));
+  EXPECT_EQ(test::Hex(now.bytes()), test::Hex(test::StoreObject(enc.get())));
 }
 
 TEST(ToneEncode, ReportBlock) {

@@ -4,19 +4,19 @@
 
 #include <gtest/gtest.h>
 
-#include "options/archive_bytes.h"
+#include "support/bytes.h"
 #include "support/test_data.h"
 
 namespace persona {
 namespace {
 
-using test::ArchiveBytes;
+using test::Bytes;
 using test::Lines;
 using test::LoadWhole;
 
 // The eight fields of schema 1, then what each later schema appended, up to `schema`.
 std::vector<BYTE> StoredVantor(WORD schema) {
-  ArchiveBytes b;
+  Bytes b;
   b.NewClass("CVantorOpts", schema);
   b.U8(1).U8(1).U16(2).U16(1).Str("CONV1").Str("CH-A").U16(77).F64(12.5);
   if (schema > 1) b.U8(2).U8(9);
@@ -25,7 +25,7 @@ std::vector<BYTE> StoredVantor(WORD schema) {
   if (schema > 4) b.U8(1);
   if (schema > 5) b.Str("TRK").Str("FIRE");
   if (schema > 6) b.U8(1);
-  return b.bytes;
+  return b.bytes();
 }
 
 TEST(VantorOpts, SchemaOneLoadsTheFirstEightFields) {
@@ -41,11 +41,11 @@ TEST(VantorOpts, SchemaOneLoadsTheFirstEightFields) {
   EXPECT_EQ(0, v->GetSilentEmer());
   // What the old file does not hold stays at the default constructor's values, all 0 but the
   // repeat count, and is stored so.
-  ArchiveBytes stored;
+  Bytes stored;
   stored.NewClass("CVantorOpts", 7);
   stored.U8(1).U8(1).U16(2).U16(1).Str("CONV1").Str("CH-A").U16(77).F64(12.5);
   stored.U8(0).U8(5).U8(0).U8(0).U8(0).U16(0).U8(0).I32(0).U8(0).Str("").Str("").U8(0);
-  EXPECT_EQ(test::Hex(stored.bytes), test::Hex(test::StoreObject(v.get())));
+  EXPECT_EQ(test::Hex(stored.bytes()), test::Hex(test::StoreObject(v.get())));
   CStringArray out;
   v->printOptToBuffer(out, nullptr);
   EXPECT_EQ("   ID                         - 77   ", Lines(out).at(5));
@@ -77,18 +77,6 @@ TEST(VantorOpts, IdentityFollowsTheExtendedIdSwitch) {
   EXPECT_EQ(77, v.GetVantorId());
   v.SetEnExtendedId(1);
   EXPECT_EQ(123456, v.GetVantorId());
-}
-
-TEST(VantorOpts, ModelDefaults) {
-  EXPECT_DOUBLE_EQ(12.5, CVantorOpts(101, 0).GetStartDelayPercent());
-  EXPECT_DOUBLE_EQ(25.0, CVantorOpts(59, 0).GetStartDelayPercent());
-  EXPECT_EQ(5, CVantorOpts(59, 0).GetEmerRepeat());
-  EXPECT_EQ(1, CVantorOpts(59, 1).GetEmerRepeat());
-  EXPECT_DOUBLE_EQ(0.0, CVantorOpts().GetStartDelayPercent());
-  const CVantorOpts model(59, 0);
-  EXPECT_EQ(1, model.GetId());
-  EXPECT_EQ('A', model.GetTroop());
-  EXPECT_EQ(1, model.GetExtendedId());
 }
 
 TEST(VantorOpts, ReportBlockConventionalWithNumericId) {

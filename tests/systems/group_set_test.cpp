@@ -5,16 +5,16 @@
 
 #include <gtest/gtest.h>
 
+#include "support/bytes.h"
 #include "support/record_testing.h"
 #include "support/test_data.h"
 #include "systems/ext_add_group_set.h"
 #include "systems/plm_group_set.h"
-#include "systems/set_testing.h"
 
 namespace persona {
 namespace {
 
-using test::ArchiveBytes;
+using test::Bytes;
 using test::ExpectLines;
 using test::Hex;
 
@@ -50,21 +50,21 @@ TEST(GroupSet, StoresTheDocumentedLayout) {
   set.Add(ea);
 
   // clang-format off
-  const auto expected = ArchiveBytes()
-      .newClass(3, "CGroupSet")
-      .count(2)
-      .newClass(1, "CGroup").str("DISP").u16(0x0304)
-      .u8(0).u8(1).u8(1).u8(1).u8(1).u8(1).u8(1)            // Tx, Rx, Calls, Alert, WideArea,
+  const auto expected = Bytes()
+      .NewClass("CGroupSet", 3)
+      .Count(2)
+      .NewClass("CGroup", 1).Str("DISP").U16(0x0304)
+      .U8(0).U8(1).U8(1).U8(1).U8(1).U8(1).U8(1)            // Tx, Rx, Calls, Alert, WideArea,
                                                            // Scan, Backlight
-      .u16(8).u16(2)                                       // KwKey, CallTime
-      .newClass(1, "CExtAddGroup").str("WIDE").u16(5)
-      .u8(1).u8(1).u8(1).u8(1).u8(0).u8(0).u8(1).u16(0).u16(0)
-      .u32(0x01020304).u16(3)                              // EaGrpId, KeyBank
-      .str("FIRE").u8(2).u8(0)                             // name, set type, scope
-      .str("DISP").str("TAC1").str("TAC2")                 // home and priority groups
-      .str("CMD")                                          // schema 2: priority talk group
-      .count(1)                                            // schema 3: the key list
-      .newClass(1, "CEskData").str("K").u32(0xFFFFFFFE)
+      .U16(8).U16(2)                                       // KwKey, CallTime
+      .NewClass("CExtAddGroup", 1).Str("WIDE").U16(5)
+      .U8(1).U8(1).U8(1).U8(1).U8(0).U8(0).U8(1).U16(0).U16(0)
+      .U32(0x01020304).U16(3)                              // EaGrpId, KeyBank
+      .Str("FIRE").U8(2).U8(0)                             // name, set type, scope
+      .Str("DISP").Str("TAC1").Str("TAC2")                 // home and priority groups
+      .Str("CMD")                                          // schema 2: priority talk group
+      .Count(1)                                            // schema 3: the key list
+      .NewClass("CEskData", 1).Str("K").U32(0xFFFFFFFE)
       .bytes();
   // clang-format on
   EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
@@ -73,12 +73,12 @@ TEST(GroupSet, StoresTheDocumentedLayout) {
 
 TEST(GroupSet, LoadsOlderSchemas) {
   auto setBytes = [](unsigned schema) {
-    ArchiveBytes b;
-    b.newClass(schema, "CGroupSet").count(1).newClass(1, "CGroup").str("A").u16(7);
-    b.u8(1).u8(0).u8(1).u8(0).u8(1).u8(0).u8(1).u16(3).u16(1);
-    b.str("S").u8(2).u8(1).str("A").str("").str("B");
-    if (schema >= 2) b.str("TALK");
-    if (schema >= 3) b.count(1).newClass(1, "CEskData").str("K").u32(9);
+    Bytes b;
+    b.NewClass("CGroupSet", schema).Count(1).NewClass("CGroup", 1).Str("A").U16(7);
+    b.U8(1).U8(0).U8(1).U8(0).U8(1).U8(0).U8(1).U16(3).U16(1);
+    b.Str("S").U8(2).U8(1).Str("A").Str("").Str("B");
+    if (schema >= 2) b.Str("TALK");
+    if (schema >= 3) b.Count(1).NewClass("CEskData", 1).Str("K").U32(9);
     return b;
   };
   std::vector<std::unique_ptr<CObject>> pool;
@@ -95,17 +95,17 @@ TEST(GroupSet, LoadsOlderSchemas) {
   EXPECT_EQ(9, s3->GetEskAt(0)->GetEsk());
   EXPECT_EQ(1u, pool.size());
   // Stored again, a schema-1 set writes the current layout with the later fields empty.
-  ArchiveBytes current;
-  current.newClass(3, "CGroupSet").count(1).newClass(1, "CGroup").str("A").u16(7);
-  current.u8(1).u8(0).u8(1).u8(0).u8(1).u8(0).u8(1).u16(3).u16(1);
-  current.str("S").u8(2).u8(1).str("A").str("").str("B").str("").count(0);
+  Bytes current;
+  current.NewClass("CGroupSet", 3).Count(1).NewClass("CGroup", 1).Str("A").U16(7);
+  current.U8(1).U8(0).U8(1).U8(0).U8(1).U8(0).U8(1).U16(3).U16(1);
+  current.Str("S").U8(2).U8(1).Str("A").Str("").Str("B").Str("").Count(0);
   EXPECT_EQ(Hex(current), Hex(test::StoreObject(s1.get())));
 
   // An extended-addressing set carries the same layout under its own class.
-  ArchiveBytes ea;
-  ea.newClass(1, "CExtAddGroupSet").count(1).newClass(1, "CExtAddGroup").str("E").u16(7);
-  ea.u8(1).u8(1).u8(1).u8(1).u8(0).u8(0).u8(1).u16(0).u16(0).u32(70000).u16(2);
-  ea.str("EA").u8(10).u8(0).str("").str("").str("");
+  Bytes ea;
+  ea.NewClass("CExtAddGroupSet", 1).Count(1).NewClass("CExtAddGroup", 1).Str("E").U16(7);
+  ea.U8(1).U8(1).U8(1).U8(1).U8(0).U8(0).U8(1).U16(0).U16(0).U32(70000).U16(2);
+  ea.Str("EA").U8(10).U8(0).Str("").Str("").Str("");
   auto eaSet = test::LoadSharing<CExtAddGroupSet>(ea, pool);
   EXPECT_EQ(70000u, eaSet->GetGroupAt(0)->GetEaGrpId());
   EXPECT_EQ(2, eaSet->GetGroupAt(0)->GetKeyBank());
@@ -248,18 +248,6 @@ TEST(GroupSet, EqualityRules) {
   EXPECT_TRUE(p == q);
 }
 
-TEST(GroupSet, ModelDefaults) {
-  auto switches = [](const CGroup& g) {
-    return std::vector<int>{g.GetTx(), g.GetRx(), g.GetCalls(), g.GetAlert(), g.GetBacklight()};
-  };
-  EXPECT_EQ((std::vector<int>{0, 1, 0, 1, 1}), switches(CGroup(43, 1, GroupSetType)));
-  EXPECT_EQ((std::vector<int>{0, 1, 0, 0, 0}), switches(CGroup(68, 1)));
-  EXPECT_EQ((std::vector<int>{1, 1, 1, 1, 1}), switches(CGroup(68, 0)));
-  EXPECT_EQ(EaGroupSetType, CExtAddGroupSet().GetSetType());
-  EXPECT_EQ(PlmGroupSetType, CPlmGroupSet(68, 1).GetSetType());
-  EXPECT_EQ(GroupSetType, CGroupSet().GetSetType());
-}
-
 TEST(GroupSet, ReportLines) {
   CGroupSet set;
   set.SetHomeGrp("DISP");
@@ -315,12 +303,12 @@ TEST(PlmGroupSet, StoresAndPrints) {
   g->SetTone(-1, 99);  // outside 0 to 3: ignored
 
   // clang-format off
-  const auto expected = ArchiveBytes()
-      .newClass(1, "CPlmGroupSet")
-      .count(1)
-      .newClass(1, "CPlmGroup").str("ALL").u16(10).u16(11).u16(12).u16(13)
-      .u8(1).u8(0).u8(0).u8(1).u8(0)  // FastBusy, ExtAlarm, TxDis, RxDis, Backlight
-      .str("PAGE").u8(6).u8(0)
+  const auto expected = Bytes()
+      .NewClass("CPlmGroupSet", 1)
+      .Count(1)
+      .NewClass("CPlmGroup", 1).Str("ALL").U16(10).U16(11).U16(12).U16(13)
+      .U8(1).U8(0).U8(0).U8(1).U8(0)  // FastBusy, ExtAlarm, TxDis, RxDis, Backlight
+      .Str("PAGE").U8(6).U8(0)
       .bytes();
   // clang-format on
   EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));

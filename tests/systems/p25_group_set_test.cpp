@@ -4,14 +4,14 @@
 
 #include <gtest/gtest.h>
 
+#include "support/bytes.h"
 #include "support/record_testing.h"
 #include "support/test_data.h"
-#include "systems/set_testing.h"
 
 namespace persona {
 namespace {
 
-using test::ArchiveBytes;
+using test::Bytes;
 using test::Hex;
 
 CP25Group* MakeGroup(const char* name, DWORD id) {
@@ -37,15 +37,15 @@ TEST(P25GroupSet, StoresTheDocumentedLayout) {
   g->SetScan(1);
   set.Add(g);
   // clang-format off
-  const auto expected = ArchiveBytes()
-      .newClass(4, "CP25GroupSet")
-      .count(1)
-      .newClass(4, "CP25Group").str("OPS").u32(0x00012345).u8(3)
-      .u8(1).u8(1).u32(0x0A0B).u8(1)        // schema 2: Encrypt, EncType, KeyId, Suppress
-      .u8(1)                                // schema 3: Sf
-      .u8(1).u8(1).u8(0).u8(1).u8(1).u8(1)  // schema 4: Tx, Rx, Calls, Alert, Scan, Backlight
-      .str("P25").u8(9).u8(0)
-      .str("OPS").str("").str("EMS")
+  const auto expected = Bytes()
+      .NewClass("CP25GroupSet", 4)
+      .Count(1)
+      .NewClass("CP25Group", 4).Str("OPS").U32(0x00012345).U8(3)
+      .U8(1).U8(1).U32(0x0A0B).U8(1)        // schema 2: Encrypt, EncType, KeyId, Suppress
+      .U8(1)                                // schema 3: Sf
+      .U8(1).U8(1).U8(0).U8(1).U8(1).U8(1)  // schema 4: Tx, Rx, Calls, Alert, Scan, Backlight
+      .Str("P25").U8(9).U8(0)
+      .Str("OPS").Str("").Str("EMS")
       .bytes();
   // clang-format on
   EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
@@ -54,13 +54,13 @@ TEST(P25GroupSet, StoresTheDocumentedLayout) {
 
 TEST(P25GroupSet, LoadsEveryOlderSchemaOfItsGroups) {
   auto setWith = [](unsigned schema) {
-    ArchiveBytes b;
-    b.newClass(1, "CP25GroupSet").count(1).newClass(schema, "CP25Group");
-    b.str("G").u32(77).u8(5);
-    if (schema >= 2) b.u8(1).u8(1).u32(99).u8(1);
-    if (schema >= 3) b.u8(1);
-    if (schema >= 4) b.u8(0).u8(0).u8(0).u8(0).u8(1).u8(0);
-    b.str("S").u8(9).u8(0).str("G").str("").str("");
+    Bytes b;
+    b.NewClass("CP25GroupSet", 1).Count(1).NewClass("CP25Group", schema);
+    b.Str("G").U32(77).U8(5);
+    if (schema >= 2) b.U8(1).U8(1).U32(99).U8(1);
+    if (schema >= 3) b.U8(1);
+    if (schema >= 4) b.U8(0).U8(0).U8(0).U8(0).U8(1).U8(0);
+    b.Str("S").U8(9).U8(0).Str("G").Str("").Str("");
     return b;
   };
   std::vector<std::unique_ptr<CObject>> pool;  // stays empty: P25 sets have no keys

@@ -23,45 +23,6 @@ using test::Hex;
 using test::LoadAs;
 using test::StoreObject;
 
-TEST(SystemDefaults, ConstructorsFollowTheModelAndTheReducedFlag) {
-  const CTrunkSystem plain;
-  EXPECT_EQ(plain.GetSite(), 0);
-  EXPECT_EQ(plain.GetEmerAudio(), 1);
-  EXPECT_EQ(plain.GetVeskaHostUdpPortNum(), 1027);
-  EXPECT_EQ(plain.GetDataLid(), 1);
-  EXPECT_EQ(plain.GetVeltroButton(), 0xB6);
-  EXPECT_EQ(plain.GetVeltroButton2(), 0xB7);
-  EXPECT_EQ(CTrunkSystem(68, 0).GetSite(), 1);
-
-  const CTrunkSystem reduced(68, 1);
-  EXPECT_EQ(reduced.GetPowerLevel(), 0);
-  EXPECT_EQ(reduced.GetBacklight(), 0);
-  EXPECT_EQ(reduced.GetAlertTones(), 0);
-  EXPECT_EQ(reduced.GetEmerAudio() + reduced.GetEmerDisplay() + reduced.GetPower(), 0);
-  EXPECT_EQ(reduced.GetSite(), 0);
-
-  const CConvSystem type54(54, 1);
-  EXPECT_EQ(type54.GetPowerLevel(), 0xFFFF);
-  EXPECT_EQ(type54.GetBacklight(), 0);
-  EXPECT_EQ(type54.GetAlertTones(), 0);
-  for (unsigned short radio : {54, 68, 106, 29}) {
-    const CP25ConvSystem full(radio, 0);
-    EXPECT_EQ(full.GetPowerLevel(), 0xFFFF) << radio;
-    EXPECT_EQ(full.GetBacklight() + full.GetAlertTones(), 2) << radio;
-    EXPECT_EQ(full.GetDisplayGroup(), 1) << radio;
-  }
-  EXPECT_EQ(CSystem(29, 1).GetPowerLevel(), 0xFFFF);  // not a listed model: step 1 stays
-
-  EXPECT_EQ(CExtAddSystem().GetSysType(), EaSystemType);
-  EXPECT_EQ(CExtAddSystem(68, 1).GetSysType(), EaSystemType);
-  EXPECT_EQ(CP25TrkSystem(68, 0).GetSysType(), P25TrkSystemType);
-  EXPECT_EQ(CP25TrkSystem().GetFneDataLid(), 0xFFFFFDu);
-  EXPECT_EQ(CConvSystem(68, 0).GetSysType(), TrunkedSystemType);  // the creator sets it
-  EXPECT_EQ(CPlmSystem().GetCollectToneLen(), 20);
-  EXPECT_EQ(CPlmSystem(68, 0).GetBusyToneLen(), 90);
-  EXPECT_EQ(CPlmSystem(68, 1).GetCollectToneLen() + CPlmSystem(68, 1).GetBusyToneLen(), 0);
-}
-
 TEST(SystemKeys, BothKeyPairsAreArchivedAndTheVirtualPairIsTheTrunkedOne) {
   CTrunkSystem sys;
   sys.CSystem::SetESK(11);

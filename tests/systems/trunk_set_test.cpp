@@ -6,16 +6,16 @@
 
 #include <tuple>
 
+#include "support/bytes.h"
 #include "support/record_testing.h"
 #include "support/test_data.h"
 #include "systems/esk_data.h"
 #include "systems/group_set.h"
-#include "systems/set_testing.h"
 
 namespace persona {
 namespace {
 
-using test::ArchiveBytes;
+using test::Bytes;
 using test::Hex;
 
 CTrunkChannel* MakeChannel(double tx, double rx, WORD osc, BYTE osOpt, WORD type, BYTE npspac) {
@@ -58,19 +58,19 @@ TEST(TrunkSet, StoresTheDocumentedLayout) {
   set.AddEsk(&key);
 
   // clang-format off
-  const auto expected = ArchiveBytes()
-      .newClass(3, "CTrunkSet")
-      .count(1)                                        // the channel list
-      .newClass(3, "CTrunkChannel")
-      .f64(851.0125).f64(806.0125).u16(3).u8(1).u16(2)  // frequencies, OscShift, OsOpt, Type
-      .u8(1).u8(1)                                     // 4800Baud, Npspac
-      .str("SITE1").u8(0).u8(0)                        // name, set type, scope
-      .f64(806.0).f64(825.0).f64(851.0).f64(870.0)     // TxMin, TxMax, RxMin, RxMax
-      .u8(1).u16(0x0102).u16(10).u16(20)               // Power, SiteId, CCLimit, MaxChan
-      .u8(1).u8(1).u8(1)                               // BandWidth, PreAmp, UnkeyMess
-      .count(1)                                        // the key list
-      .newClass(1, "CEskData").str("K1").u32(7)
-      .u8(0)                                           // BaudRate, last
+  const auto expected = Bytes()
+      .NewClass("CTrunkSet", 3)
+      .Count(1)                                        // the channel list
+      .NewClass("CTrunkChannel", 3)
+      .F64(851.0125).F64(806.0125).U16(3).U8(1).U16(2)  // frequencies, OscShift, OsOpt, Type
+      .U8(1).U8(1)                                     // 4800Baud, Npspac
+      .Str("SITE1").U8(0).U8(0)                        // name, set type, scope
+      .F64(806.0).F64(825.0).F64(851.0).F64(870.0)     // TxMin, TxMax, RxMin, RxMax
+      .U8(1).U16(0x0102).U16(10).U16(20)               // Power, SiteId, CCLimit, MaxChan
+      .U8(1).U8(1).U8(1)                               // BandWidth, PreAmp, UnkeyMess
+      .Count(1)                                        // the key list
+      .NewClass("CEskData", 1).Str("K1").U32(7)
+      .U8(0)                                           // BaudRate, last
       .bytes();
   // clang-format on
   EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
@@ -81,14 +81,14 @@ TEST(TrunkSet, LoadsOlderSchemasWithLaterFieldsAtTheirDefaults) {
   // Schema 1: channels without 4800Baud and Npspac, no key list, no baud rate; a band width
   // of 5 is repaired to 0.
   // clang-format off
-  const auto schema1 = ArchiveBytes()
-      .newClass(1, "CTrunkSet")
-      .count(1)
-      .newClass(1, "CTrunkChannel").f64(851.5).f64(806.5).u16(1).u8(1).u16(1)
-      .str("OLD").u8(0).u8(0)
-      .f64(806.0).f64(825.0).f64(851.0).f64(870.0)
-      .u8(1).u16(9).u16(15).u16(28)
-      .u8(5).u8(1).u8(0);
+  const auto schema1 = Bytes()
+      .NewClass("CTrunkSet", 1)
+      .Count(1)
+      .NewClass("CTrunkChannel", 1).F64(851.5).F64(806.5).U16(1).U8(1).U16(1)
+      .Str("OLD").U8(0).U8(0)
+      .F64(806.0).F64(825.0).F64(851.0).F64(870.0)
+      .U8(1).U16(9).U16(15).U16(28)
+      .U8(5).U8(1).U8(0);
   // clang-format on
   std::vector<std::unique_ptr<CObject>> pool;
   auto set = test::LoadSharing<CTrunkSet>(schema1, pool);
@@ -105,16 +105,16 @@ TEST(TrunkSet, LoadsOlderSchemasWithLaterFieldsAtTheirDefaults) {
 
   // Schema 2: channels with 4800Baud, a key list, still no baud rate.
   // clang-format off
-  const auto schema2 = ArchiveBytes()
-      .newClass(2, "CTrunkSet")
-      .count(1)
-      .newClass(2, "CTrunkChannel").f64(851.5).f64(806.5).u16(1).u8(1).u16(1).u8(1)
-      .str("MID").u8(0).u8(1)
-      .f64(806.0).f64(825.0).f64(851.0).f64(870.0)
-      .u8(1).u16(9).u16(15).u16(28)
-      .u8(1).u8(1).u8(0)
-      .count(1)
-      .newClass(1, "CEskData").str("KEY").u32(3);
+  const auto schema2 = Bytes()
+      .NewClass("CTrunkSet", 2)
+      .Count(1)
+      .NewClass("CTrunkChannel", 2).F64(851.5).F64(806.5).U16(1).U8(1).U16(1).U8(1)
+      .Str("MID").U8(0).U8(1)
+      .F64(806.0).F64(825.0).F64(851.0).F64(870.0)
+      .U8(1).U16(9).U16(15).U16(28)
+      .U8(1).U8(1).U8(0)
+      .Count(1)
+      .NewClass("CEskData", 1).Str("KEY").U32(3);
   // clang-format on
   set = test::LoadSharing<CTrunkSet>(schema2, pool);
   EXPECT_EQ(0xFF, set->GetBaudRate());
@@ -146,11 +146,11 @@ TEST(TrunkSet, TwoSetsNamingOneKeyStoreItOnceAndLoadSharingIt) {
   // Indexes: CTrunkSet 1, the trunk set 2, CEskData 3, the key 4, CGroupSet 5, the group set 6.
   // The group set's key list is one back-reference to object 4.
   // clang-format off
-  const auto groupPart = ArchiveBytes()
-      .newClass(3, "CGroupSet")
-      .count(0).str("G").u8(2).u8(0).str("").str("").str("").str("")
-      .count(1)
-      .objectRef(4)
+  const auto groupPart = Bytes()
+      .NewClass("CGroupSet", 3)
+      .Count(0).Str("G").U8(2).U8(0).Str("").Str("").Str("").Str("")
+      .Count(1)
+      .ObjectRef(4)
       .bytes();
   // clang-format on
   ASSERT_GE(bytes.size(), groupPart.size());
@@ -273,25 +273,6 @@ TEST(TrunkSet, FrequencyCheckEdges) {
   two.Add(MakeChannel(820.0, 860.0, 2, 0, 0, 0));
   two.Add(MakeChannel(820.0, 880.0, 2, 0, 0, 0));
   EXPECT_EQ(0, two.CheckFrequencyRange(806.0, 0.0, 851.0, 870.0));
-}
-
-TEST(TrunkSet, ModelDefaults) {
-  // Band frequency: baud rate 9600 below 890 MHz, narrow band above it, neither at 890.
-  for (const auto& [band, baud, width] : {std::tuple{890.0, 0, 0}, {800.0, 1, 0}, {900.0, 0, 1}}) {
-    const CTrunkSet set(68, 0, band);
-    EXPECT_EQ(baud, set.GetBaudRate()) << band;
-    EXPECT_EQ(width, set.GetBandWidth()) << band;
-  }
-  EXPECT_EQ(1, CTrunkSet(77, 0, 800.0).GetPower());
-  EXPECT_EQ(0, CTrunkSet(77, 1, 800.0).GetPower());
-  EXPECT_EQ(0, CTrunkSet(68, 0, 800.0).GetPower());
-  EXPECT_EQ(1, CTrunkSet().GetBaudRate());
-  // Oscillator shift by radio type; 97 keeps its shift with the reduced defaults.
-  for (const auto& [type, full, reduced] :
-       {std::tuple{96, 1, 0}, {97, 1, 1}, {104, 3, 0}, {68, 2, 0}, {54, 2, 2}}) {
-    EXPECT_EQ(full, CTrunkChannel(static_cast<unsigned short>(type), 0).GetOscShift()) << type;
-    EXPECT_EQ(reduced, CTrunkChannel(static_cast<unsigned short>(type), 1).GetOscShift()) << type;
-  }
 }
 
 TEST(TrunkSet, ReportLines) {
