@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -82,6 +83,19 @@ TEST(ArchiveEncoding, WideStringsBecomeWindows1252) {
   CString s;
   ar >> s;
   EXPECT_EQ(s.str(), "\x80\xE9??");
+  EXPECT_EQ(ar.GetRemaining(), 0u);
+}
+
+TEST(ArchiveEncoding, ALoneHighSurrogateEndingAWideStringIsOneUnknownCharacter) {
+  // marker, length 2, "A" and a high surrogate in the last two bytes of an exact allocation:
+  // nothing after the string may be read as its low half.
+  const BYTE layout[] = {0xFF, 0xFE, 0xFF, 0x02, 0x41, 0x00, 0x00, 0xD8};
+  const auto exact = std::make_unique<BYTE[]>(sizeof layout);
+  std::copy(layout, layout + sizeof layout, exact.get());
+  CArchive ar(exact.get(), sizeof layout);
+  CString s;
+  ar >> s;
+  EXPECT_EQ(s.str(), "A?");
   EXPECT_EQ(ar.GetRemaining(), 0u);
 }
 
@@ -277,6 +291,31 @@ TEST(ArchiveObjects, RecordStringsAtEveryPrefixBoundaryRoundTrip) {
         EXPECT_EQ(e.m_cause, CArchiveException::endOfFile) << n;
         EXPECT_NE(std::string(e.what()).find("a string of " + std::to_string(n)), std::string::npos)
             << e.what();
+      }
+    }
+  }
+}
+
+TEST(ArchiveObjects, ClassNamesOfSixtyFourBytesOrMoreAreRefusedAtTheirTag) {
+  for (std::size_t length : {63u, 64u, 65u, 300u}) {
+    std::vector<BYTE> bytes = {0xFF, 0xFF, 0x01, 0x00};  // a new class of schema 1
+    bytes.push_back(static_cast<BYTE>(length & 0xFF));
+    bytes.push_back(static_cast<BYTE>(length >> 8));
+    bytes.insert(bytes.end(), length, 'C');
+    CArchive ar(bytes.data(), bytes.size(), "long.bin");
+    try {
+      ar.ReadOwnedObject(nullptr);
+      ADD_FAILURE() << length;
+    } catch (const CArchiveException& e) {
+      EXPECT_EQ(e.m_cause, CArchiveException::badClass) << length;
+      const std::string what = e.what();
+      if (length < 64) {
+        EXPECT_NE(what.find("unknown record class"), std::string::npos) << what;
+      } else {
+        EXPECT_NE(what.find("class name of " + std::to_string(length) + " bytes (at most 63)"),
+                  std::string::npos)
+            << what;
+        EXPECT_NE(what.find("long.bin"), std::string::npos) << what;
       }
     }
   }
