@@ -31,7 +31,7 @@ CVantorOpts::CVantorOpts(unsigned short radioType, int reducedDefaults) : CVanto
   if (reducedDefaults != 0) m_EmerRepeat = 1;
 }
 
-void CVantorOpts::Serialize(CArchive& ar) { SerializeVersionedFields(ar, *this); }
+void CVantorOpts::Serialize(CArchive& ar) { SerializeTable(ar); }
 
 void CVantorOpts::printOptToBuffer(CStringArray& out, const CPersonality*) const {
   // This block's underline has always been one dash shorter than its heading.
