@@ -3,6 +3,7 @@
 # export header persona/<name>_export.h with PREFIX_EXPORT, symbol visibility, version and
 # soname, and the project's warnings for its own sources.
 include(GenerateExportHeader)
+include(GNUInstallDirs)
 
 function(persona_library target prefix)
   target_include_directories(${target} PUBLIC

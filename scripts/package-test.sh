@@ -43,12 +43,12 @@ for kind in "${kinds[@]}"; do
     -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_BUILD_RPATH="$prefix/lib" >/dev/null
   cmake --build "$example" >/dev/null
   out=$work/$kind/changed.pers
-  "$example/first_program" "$root/examples/sample.pers" "$out" 151.625 >"$work/$kind/log"
+  "$example/first_program" "$root/examples/sample.pers" "$out" 851.5125 >"$work/$kind/log"
   grep -q "^persona 0\.2\." "$work/$kind/log" || fail "no version line"
-  grep -q "receive .* MHz -> 151.62500 MHz" "$work/$kind/log" || fail "channel not changed"
+  grep -q "receive .* MHz -> 851.51250 MHz" "$work/$kind/log" || fail "channel not changed"
   grep -q "^saved " "$work/$kind/log" || fail "nothing saved"
   # The saved file reads back with the installed tool and holds the new frequency.
-  LD_LIBRARY_PATH="$prefix/lib" "$prefix/bin/persona" report "$out" | grep -Eq "Rx Frequency +- 151\.6250 " ||
+  LD_LIBRARY_PATH="$prefix/lib" "$prefix/bin/persona" report "$out" | grep -Eq "Rx Frequency +- 851\.5125 " ||
     fail "the saved personality does not hold the changed frequency"
 
   # pkg-config: the flags of both libraries, and a program built with nothing else.

@@ -56,7 +56,7 @@ int main(int argc, char** argv) {
   }
   const std::string in = argv[1];
   const std::string out = argv[2];
-  const double rxMhz = argc == 4 ? std::atof(argv[3]) : 155.475;
+  const double rxMhz = argc == 4 ? std::atof(argv[3]) : 851.5125;
   std::printf("persona %s\n", persona::Version());
 
   // Every failure of the library is an exception derived from std::exception whose message
