@@ -5,7 +5,8 @@
 #   scripts/install-deps.sh fuzz     also clang and its sanitizer and libFuzzer runtimes
 set -euo pipefail
 
-packages=(cmake ninja-build g++ libgtest-dev libgmock-dev nlohmann-json3-dev libcli11-dev)
+packages=(cmake ninja-build g++ libgtest-dev libgmock-dev nlohmann-json3-dev libcli11-dev python3
+          pkg-config clang-format)
 case "${1:-}" in
   bench) packages+=(libbenchmark-dev libboost-serialization-dev) ;;
   fuzz) packages+=(clang libclang-rt-14-dev) ;;

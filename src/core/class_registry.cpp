@@ -12,6 +12,7 @@ void EnsureClassesRegistered() {
     RegisterConventionalClasses();
     RegisterCallsClasses();
     RegisterOptionsClasses();
+    RegisterPersonalityClasses();
     return true;
   }();
   (void)registered;

@@ -10,5 +10,6 @@ void RegisterSystemsClasses();
 void RegisterConventionalClasses();
 void RegisterCallsClasses();
 void RegisterOptionsClasses();
+void RegisterPersonalityClasses();
 
 }  // namespace persona

@@ -1,6 +1,5 @@
-// Serializable classes of the core folder.
+// Serializable classes of the record bases.
 #include "core/class_registry.h"
-#include "core/personality.h"
 #include "core/serial.h"
 #include "core/set.h"
 
@@ -9,7 +8,6 @@ namespace persona {
 void RegisterCoreClasses() {
   CRuntimeClass::Register(RUNTIME_CLASS(CSerial));
   CRuntimeClass::Register(RUNTIME_CLASS(CSet));
-  CRuntimeClass::Register(RUNTIME_CLASS(CPersonality));
 }
 
 }  // namespace persona

@@ -4,13 +4,17 @@
 
 #include <cstring>
 
+#include "core/class_registry.h"
 #include "core/load_fixups.h"
+#include "options/option_record.h"
 #include "systems/esk_data.h"
 #include "systems/system.h"
 
 namespace persona {
 
 IMPLEMENT_SERIAL(CPersonality, CSerial, VERSIONABLE_SCHEMA | 4)
+
+void RegisterPersonalityClasses() { CRuntimeClass::Register(RUNTIME_CLASS(CPersonality)); }
 
 namespace {
 
@@ -105,6 +109,10 @@ CObject* CPersonality::FindOption(const CRuntimeClass* cls) const {
 }
 
 CObject* CPersonality::GetOption(const CRuntimeClass* cls) const { return FindOption(cls); }
+
+const CSerial* PersonalityOption(const CPersonality* personality, const CRuntimeClass* cls) {
+  return personality != nullptr ? personality->GetOption(cls) : nullptr;
+}
 
 void CPersonality::DeleteOption(const CRuntimeClass* cls) {
   const int i = FindOptionIndex(cls);

@@ -25,7 +25,10 @@ std::string Upper(const CString& name) {
 
 class Checker {
  public:
-  explicit Checker(CPersonality& p) : m_p(p), m_refs(CollectNameRefs(p)) {}
+  // The name references are collected as writable slots (rename and delete use the same
+  // collector); the checker only reads them.
+  explicit Checker(const CPersonality& p)
+      : m_p(p), m_refs(CollectNameRefs(const_cast<CPersonality&>(p))) {}
 
   std::vector<Finding> Run() {
     CollectWans();
@@ -210,7 +213,7 @@ class Checker {
     }
   }
 
-  CPersonality& m_p;
+  const CPersonality& m_p;
   std::vector<NameRef> m_refs;
   std::vector<Finding> m_findings;
   std::unordered_set<std::string> m_wans;
@@ -220,6 +223,6 @@ class Checker {
 
 }  // namespace
 
-std::vector<Finding> CheckPersonality(CPersonality& p) { return Checker(p).Run(); }
+std::vector<Finding> CheckPersonality(const CPersonality& p) { return Checker(p).Run(); }
 
 }  // namespace persona

@@ -53,6 +53,6 @@ struct Finding {
 // The findings for p: the name references (systems, sets, options), then the sets list by list,
 // the key lists, the system kinds; empty for a consistent personality. p is not changed (it is
 // visited through its field descriptions).
-std::vector<Finding> CheckPersonality(CPersonality& p);
+std::vector<Finding> CheckPersonality(const CPersonality& p);
 
 }  // namespace persona

@@ -28,7 +28,7 @@ CAlertOpts::CAlertOpts(unsigned short radioType, int reducedDefaults) : CAlertOp
   }
 }
 
-void CAlertOpts::Serialize(CArchive& ar) { SerializeVersionedFields(ar, *this); }
+void CAlertOpts::Serialize(CArchive& ar) { SerializeTable(ar); }
 
 void CAlertOpts::printOptToBuffer(CStringArray& out, const CPersonality* personality,
                                   unsigned short radioType) const {

@@ -11,7 +11,7 @@ namespace persona {
 
 class CPersonality;
 
-class CAlertOpts : public CSerial {
+class CAlertOpts : public CFieldOption<CAlertOpts> {
   DECLARE_SERIAL(CAlertOpts)
  public:
   // Neutral defaults: maximum alert tone 31, channel access, trunked and conventional
@@ -25,7 +25,7 @@ class CAlertOpts : public CSerial {
   CAlertOpts(const CAlertOpts&) = default;
   CAlertOpts& operator=(const CAlertOpts&) = default;
   // Copies every field from src (nothing when src is null or this record); returns this record.
-  CAlertOpts& operator=(const CAlertOpts* src) { return AssignFromPointer(*this, src); }
+  using CFieldRecord<CAlertOpts, CSerial>::operator=;
   ~CAlertOpts() override = default;
 
   PERSONA_ACCESSORS(WORD, MinAlertTone)

@@ -19,7 +19,7 @@ CDisplayOpts::CDisplayOpts(unsigned short radioType, int reducedDefaults) : CDis
 }
 
 void CDisplayOpts::Serialize(CArchive& ar) {
-  const BYTE schema = SerializeVersionedFields(ar, *this);
+  const BYTE schema = SerializeTable(ar);
   if (ar.IsLoading() && !SchemaAtLeast(schema, 3))
     m_BacklightLevel = static_cast<WORD>(m_BacklightLevel * 6);
 }

@@ -12,7 +12,7 @@ namespace persona {
 
 class CPersonality;
 
-class CDisplayOpts : public CSerial {
+class CDisplayOpts : public CFieldOption<CDisplayOpts> {
   DECLARE_SERIAL(CDisplayOpts)
  public:
   // Alias mapping, individual-call indicator and store, display icons and volume display on;
@@ -24,7 +24,7 @@ class CDisplayOpts : public CSerial {
   CDisplayOpts(const CDisplayOpts&) = default;
   CDisplayOpts& operator=(const CDisplayOpts&) = default;
   // Copies every field from src (nothing when src is null or this record); returns this record.
-  CDisplayOpts& operator=(const CDisplayOpts* src) { return AssignFromPointer(*this, src); }
+  using CFieldRecord<CDisplayOpts, CSerial>::operator=;
   ~CDisplayOpts() override = default;
 
   PERSONA_ACCESSORS(BYTE, AlphaMap)

@@ -35,7 +35,7 @@ CGenRadioOpts::CGenRadioOpts(int narrowBand, unsigned short radioType, int reduc
   m_BaudRate = narrowBand != 0 ? 0 : 1;
 }
 
-CGenRadioOpts::CGenRadioOpts(const CGenRadioOpts& src) : CSerial(src) {
+CGenRadioOpts::CGenRadioOpts(const CGenRadioOpts& src) : CFieldOption(src) {
   *this = src;
   m_EmerLatch = 0;
 }
@@ -50,7 +50,7 @@ CGenRadioOpts& CGenRadioOpts::operator=(const CGenRadioOpts* src) {
 }
 
 void CGenRadioOpts::Serialize(CArchive& ar) {
-  SerializeVersionedFields(ar, *this);
+  SerializeTable(ar);
   if (ar.IsLoading()) {
     // Deliberate repairs of values that older versions let through.
     m_RadioOperation = std::min<WORD>(m_RadioOperation, 1);

@@ -14,7 +14,7 @@ namespace persona {
 
 class CPersonality;
 
-class CGenRadioOpts : public CSerial {
+class CGenRadioOpts : public CFieldOption<CGenRadioOpts> {
   DECLARE_SERIAL(CGenRadioOpts)
  public:
   // Every flag 0 except DynamicRegroup and TxLockout (1); logical IDs 1 to 16382, extended

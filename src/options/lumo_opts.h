@@ -4,7 +4,7 @@
 #include "framework/collections.h"
 #include "framework/cstring.h"
 #include "framework/fields.h"
-#include "options/option_pattern.h"
+#include "options/option_record.h"
 #include "options/option_words.h"
 
 namespace persona {

@@ -1,7 +1,33 @@
-// Radio type lists of the option records' model defaults.
+// Deep-copying owned element lists and the radio type lists of the model defaults.
 #include "options/option_record.h"
 
+#include <memory>
+#include <vector>
+
 namespace persona {
+
+CDeepObList::CDeepObList(const CDeepObList& src) : COwnedObList(src.GetElementClass()) {
+  AppendCopiesOf(src);
+}
+
+CDeepObList& CDeepObList::operator=(const CDeepObList& src) {
+  if (this != &src) {
+    CDeepObList copy(src);  // built first: a failing copy leaves this list as it was
+    COwnedObList::operator=(std::move(copy));
+  }
+  return *this;
+}
+
+void CDeepObList::AppendCopiesOf(const COwnedObList& src) {
+  // Copies are made first, so that appending a list to itself copies each element once.
+  std::vector<std::unique_ptr<CObject>> copies;
+  copies.reserve(static_cast<std::size_t>(src.GetCount()));
+  for (CObject* e : src) {
+    copies.emplace_back(e == nullptr ? nullptr : e->GetRuntimeClass()->CopyObject(*e));
+  }
+  Reserve(static_cast<std::size_t>(GetCount()) + copies.size());
+  for (auto& c : copies) Add(std::move(c));
+}
 
 bool IsRadioTypeSetA(unsigned short radioType) {
   return IsRadioTypeIn(

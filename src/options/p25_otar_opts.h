@@ -15,7 +15,7 @@ class CPersonality;
 // Archive (schema 1, versionable, the schema is not asked for): Mnp (16 bits), RetryTimer
 // (8 bits), KmfRsi, IndividualRsi (32 bits each), the OTAR switch (one byte; any non-zero byte
 // loads as on).
-class CP25OtarOpts : public CSerial {
+class CP25OtarOpts : public CFieldOption<CP25OtarOpts> {
   DECLARE_SERIAL(CP25OtarOpts)
  public:
   // OTAR off, MNP 1680, retry timer 1, KMF RSI 9999999, individual RSI 0.

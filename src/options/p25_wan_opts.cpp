@@ -23,7 +23,7 @@ CP25tWanOpts::CP25tWanOpts() : m_Wans(RUNTIME_CLASS(CP25TrkWan)) {}
 CP25tWanOpts::CP25tWanOpts(unsigned short, int) : CP25tWanOpts() {}
 
 CP25tWanOpts::CP25tWanOpts(const CP25tWanOpts& src)
-    : CSerial(src), m_Wans(RUNTIME_CLASS(CP25TrkWan)) {
+    : CFieldOption(src), m_Wans(RUNTIME_CLASS(CP25TrkWan)) {
   AppendCopiesOf(src);
 }
 

@@ -16,7 +16,7 @@ class CPersonality;
 
 // One wide-area network. Archive (schema 2, versionable, the schema is not asked for):
 // NetworkName, NetworkAddr (32 bits), SystemId (16 bits).
-class CP25TrkWan : public CSerial {
+class CP25TrkWan : public CFieldOption<CP25TrkWan> {
   DECLARE_SERIAL(CP25TrkWan)
  public:
   CP25TrkWan() = default;
@@ -25,7 +25,7 @@ class CP25TrkWan : public CSerial {
   CP25TrkWan(const CP25TrkWan&) = default;
   CP25TrkWan& operator=(const CP25TrkWan&) = default;
   // Copies every field from src (nothing when src is null or this record); returns this record.
-  CP25TrkWan& operator=(const CP25TrkWan* src) { return AssignFromPointer(*this, src); }
+  using CFieldRecord<CP25TrkWan, CSerial>::operator=;
   ~CP25TrkWan() override = default;
 
   PERSONA_ACCESSORS(CString, NetworkName)
@@ -54,7 +54,7 @@ class CP25TrkWan : public CSerial {
 // The WAN list. It owns its CP25TrkWan records: destroying the option record, Delete,
 // DeleteWanAt and assignment delete them. Archive (schema 1, versionable, the schema is not
 // asked for): the list as an object list (count, then each CP25TrkWan).
-class CP25tWanOpts : public CSerial {
+class CP25tWanOpts : public CFieldOption<CP25tWanOpts> {
   DECLARE_SERIAL(CP25tWanOpts)
  public:
   // An empty list.

@@ -13,10 +13,10 @@ CPellamOpts::CPellamOpts(unsigned short radioType, int reducedDefaults) : CPella
   }
 }
 
-void CPellamOpts::Serialize(CArchive& ar) { SerializeVersionedFields(ar, *this); }
+void CPellamOpts::Serialize(CArchive& ar) { SerializeTable(ar); }
 
 void CPellamOpts::printOptToBuffer(CStringArray& out, const CPersonality*) const {
-  PrintLabelledBlock(out, "PELLAM OPTIONS:", *this);
+  PrintFieldBlock(out, "PELLAM OPTIONS:");
 }
 
 }  // namespace persona

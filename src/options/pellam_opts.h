@@ -14,7 +14,7 @@ namespace persona {
 
 class CPersonality;
 
-class CPellamOpts : public CSerial {
+class CPellamOpts : public CFieldOption<CPellamOpts> {
   DECLARE_SERIAL(CPellamOpts)
  public:
   // Receive alert tone, automatic acknowledgement and pop-up display on; 10 stored messages;
@@ -26,7 +26,7 @@ class CPellamOpts : public CSerial {
   CPellamOpts(const CPellamOpts&) = default;
   CPellamOpts& operator=(const CPellamOpts&) = default;
   // Copies every field from src (nothing when src is null or this record); returns this record.
-  CPellamOpts& operator=(const CPellamOpts* src) { return AssignFromPointer(*this, src); }
+  using CFieldRecord<CPellamOpts, CSerial>::operator=;
   ~CPellamOpts() override = default;
 
   PERSONA_ACCESSORS(BYTE, PlmRxAlertTone)

@@ -62,7 +62,7 @@ void CScratchPadOpts::Delete() {
 void CScratchPadOpts::Serialize(CArchive& ar) { SerializeFields(ar, *this); }
 
 void CScratchPadOpts::printOptToBuffer(CStringArray& out, const CPersonality*) const {
-  PrintLabelledBlock(out, "KORVEX SCRATCH PAD OPTIONS:", *this);
+  PrintFieldBlock(out, "KORVEX SCRATCH PAD OPTIONS:");
 }
 
 }  // namespace persona

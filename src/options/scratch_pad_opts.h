@@ -17,7 +17,7 @@ namespace persona {
 
 class CPersonality;
 
-class CScratchPadOpts : public CSerial {
+class CScratchPadOpts : public CFieldOption<CScratchPadOpts> {
   DECLARE_SERIAL(CScratchPadOpts)
  public:
   // Ten storage locations, no entries, interconnect on.
@@ -27,7 +27,7 @@ class CScratchPadOpts : public CSerial {
   CScratchPadOpts(const CScratchPadOpts&) = default;
   CScratchPadOpts& operator=(const CScratchPadOpts&) = default;
   // Copies every field from src (nothing when src is null or this record); returns this record.
-  CScratchPadOpts& operator=(const CScratchPadOpts* src) { return AssignFromPointer(*this, src); }
+  using CFieldRecord<CScratchPadOpts, CSerial>::operator=;
   ~CScratchPadOpts() override = default;
 
   PERSONA_ACCESSORS(WORD, NumScratchPad)  // number of storage locations

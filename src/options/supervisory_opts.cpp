@@ -10,10 +10,10 @@ CSupervisoryOpts::CSupervisoryOpts(unsigned short radioType, int reducedDefaults
   if (reducedDefaults == 0 && IsRadioTypeSetA(radioType)) m_LastSysGrpRecall = 1;
 }
 
-void CSupervisoryOpts::Serialize(CArchive& ar) { SerializeVersionedFields(ar, *this); }
+void CSupervisoryOpts::Serialize(CArchive& ar) { SerializeTable(ar); }
 
 void CSupervisoryOpts::printOptToBuffer(CStringArray& out, const CPersonality*) const {
-  PrintLabelledBlock(out, "SUPERVISORY OPTIONS:", *this);
+  PrintFieldBlock(out, "SUPERVISORY OPTIONS:");
 }
 
 }  // namespace persona

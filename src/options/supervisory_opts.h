@@ -16,7 +16,7 @@ namespace persona {
 
 class CPersonality;
 
-class CSupervisoryOpts : public CSerial {
+class CSupervisoryOpts : public CFieldOption<CSupervisoryOpts> {
   DECLARE_SERIAL(CSupervisoryOpts)
  public:
   // Emergency declare, clear and display on; emergency ID off; auto-key for 10 s, off for 30 s,
@@ -28,7 +28,7 @@ class CSupervisoryOpts : public CSerial {
   CSupervisoryOpts(const CSupervisoryOpts&) = default;
   CSupervisoryOpts& operator=(const CSupervisoryOpts&) = default;
   // Copies every field from src (nothing when src is null or this record); returns this record.
-  CSupervisoryOpts& operator=(const CSupervisoryOpts* src) { return AssignFromPointer(*this, src); }
+  using CFieldRecord<CSupervisoryOpts, CSerial>::operator=;
   ~CSupervisoryOpts() override = default;
 
   PERSONA_ACCESSORS(BYTE, EmerDeclare)

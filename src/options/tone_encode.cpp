@@ -15,7 +15,7 @@ const char* const kTriggerWords[] = {"Manual", "PTT Press", "PTT Release", "Pres
 
 CToneSeq::CToneSeq(unsigned short, int) {}
 
-void CToneSeq::Serialize(CArchive& ar) { SerializeVersionedFields(ar, *this); }
+void CToneSeq::Serialize(CArchive& ar) { SerializeTable(ar); }
 
 void CToneSeq::printToBuffer(OptionBlock& lines) const {
   lines.Pair("Sequence " + m_Name.str(), WordOf(kEncodeTypeWords, m_EncodeType), "Encoding Trigger",
@@ -35,7 +35,8 @@ CToneEncode::CToneEncode(unsigned short, int reducedDefaults) : CToneEncode() {
   if (reducedDefaults != 0) m_SideTone = 0;
 }
 
-CToneEncode::CToneEncode(const CToneEncode& src) : CSerial(src), m_Seqs(RUNTIME_CLASS(CToneSeq)) {
+CToneEncode::CToneEncode(const CToneEncode& src)
+    : CFieldOption(src), m_Seqs(RUNTIME_CLASS(CToneSeq)) {
   CopyFrom(src);
 }
 
@@ -76,7 +77,7 @@ bool CToneEncode::DeleteSeqAt(int i) {
   return true;
 }
 
-void CToneEncode::Serialize(CArchive& ar) { SerializeVersionedFields(ar, *this); }
+void CToneEncode::Serialize(CArchive& ar) { SerializeTable(ar); }
 
 void CToneEncode::printOptToBuffer(CStringArray& out, const CPersonality*) const {
   OptionBlock block(out, "TONE ENCODE OPTIONS:");

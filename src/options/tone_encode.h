@@ -24,7 +24,7 @@ namespace persona {
 
 class CPersonality;
 
-class CToneSeq : public CObject {
+class CToneSeq : public CFieldRecord<CToneSeq, CObject> {
   DECLARE_SERIAL(CToneSeq)
  public:
   // Empty name, no encoding, trigger 0 (manual), no tones, 100 ms per tone, no pre-delay.
@@ -34,7 +34,7 @@ class CToneSeq : public CObject {
   CToneSeq(const CToneSeq&) = default;
   CToneSeq& operator=(const CToneSeq&) = default;
   // Copies every field from src (nothing when src is null or this record); returns this record.
-  CToneSeq& operator=(const CToneSeq* src) { return AssignFromPointer(*this, src); }
+  using CFieldRecord<CToneSeq, CObject>::operator=;
   ~CToneSeq() override = default;
 
   PERSONA_ACCESSORS(CString, Name)
@@ -74,7 +74,7 @@ class CToneSeq : public CObject {
   WORD m_PreDelay = 0;
 };
 
-class CToneEncode : public CSerial {
+class CToneEncode : public CFieldOption<CToneEncode> {
   DECLARE_SERIAL(CToneEncode)
  public:
   // No sequences, side tone on, tone level 3000 Hz.

@@ -38,7 +38,7 @@ CVantorOpts::CVantorOpts(unsigned short radioType, int reducedDefaults) : CVanto
   m_ExtendedId = 1;
 }
 
-void CVantorOpts::Serialize(CArchive& ar) { SerializeVersionedFields(ar, *this); }
+void CVantorOpts::Serialize(CArchive& ar) { SerializeTable(ar); }
 
 void CVantorOpts::printOptToBuffer(CStringArray& out, const CPersonality*) const {
   // This block's underline has always been one dash shorter than its heading.

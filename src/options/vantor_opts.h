@@ -13,7 +13,7 @@ namespace persona {
 
 class CPersonality;
 
-class CVantorOpts : public CSerial {
+class CVantorOpts : public CFieldOption<CVantorOpts> {
   DECLARE_SERIAL(CVantorOpts)
  public:
   // Every field 0 (names empty) except five emergency repeats: signalling and emergency off,
@@ -27,7 +27,7 @@ class CVantorOpts : public CSerial {
   CVantorOpts(const CVantorOpts&) = default;
   CVantorOpts& operator=(const CVantorOpts&) = default;
   // Copies every field from src (nothing when src is null or this record); returns this record.
-  CVantorOpts& operator=(const CVantorOpts* src) { return AssignFromPointer(*this, src); }
+  using CFieldRecord<CVantorOpts, CSerial>::operator=;
   ~CVantorOpts() override = default;
 
   PERSONA_ACCESSORS(BYTE, EnVantor)

@@ -66,22 +66,23 @@ namespace {
 
 // ---- options -------------------------------------------------------------------------------
 
-// What every option block needs from the driver.
+// What every option block needs from the driver. Some blocks keep the non-const personality
+// parameter of their published signature; no block changes the personality.
 struct OptionContext {
   CStringArray& out;
-  CPersonality& personality;
+  CPersonality* personality;
   unsigned short radioType;
 };
 
 // Records whose block takes the radio type, and those whose block does not.
 template <class T>
 auto CallPrint(const T& rec, OptionContext& c, int)
-    -> decltype(rec.printOptToBuffer(c.out, &c.personality, c.radioType), void()) {
-  rec.printOptToBuffer(c.out, &c.personality, c.radioType);
+    -> decltype(rec.printOptToBuffer(c.out, c.personality, c.radioType), void()) {
+  rec.printOptToBuffer(c.out, c.personality, c.radioType);
 }
 template <class T>
 void CallPrint(const T& rec, OptionContext& c, long) {
-  rec.printOptToBuffer(c.out, &c.personality);
+  rec.printOptToBuffer(c.out, c.personality);
 }
 
 template <class T>
@@ -190,7 +191,7 @@ void PrintGenericRecord(CStringArray& out, CObject& rec) {
   PrintFieldBlock(out, heading.str() + " RECORD:", CollectFieldLines(rec, nullptr, 0));
 }
 
-void PrintOptions(CPersonality& p, CStringArray& out) {
+void PrintOptions(const CPersonality& p, CStringArray& out) {
   std::vector<std::pair<std::size_t, CObject*>> records;
   for (int i = 0; i < p.GetNumOptions(); ++i) {
     CObject* rec = p.GetOptionAt(i);
@@ -198,7 +199,7 @@ void PrintOptions(CPersonality& p, CStringArray& out) {
   }
   std::stable_sort(records.begin(), records.end(),
                    [](const auto& a, const auto& b) { return a.first < b.first; });
-  OptionContext context{out, p, p.GetLastRadio()};
+  OptionContext context{out, const_cast<CPersonality*>(&p), p.GetLastRadio()};
   for (const auto& [rank, rec] : records) {
     const bool first = FirstOptionOf(p, rec->GetRuntimeClass()->m_lpszClassName) == rec;
     if (rank < kNumOptionEntries && first) {
@@ -517,7 +518,7 @@ void PrintSets(const CPersonality& p, CStringArray& out) {
 
 }  // namespace
 
-void PrintPersonalityReport(CPersonality& personality, CStringArray& out) {
+void PrintPersonalityReport(const CPersonality& personality, CStringArray& out) {
   PrintTitle(personality, out);
   PrintOptions(personality, out);
   PrintSystems(personality, out);

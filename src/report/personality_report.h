@@ -34,10 +34,9 @@
 
 namespace persona {
 
-// Appends the report of personality to out. Records are read, never changed (the option
-// blocks take a non-const personality only to look up their companion records). Throws
-// nothing of its own.
-void PrintPersonalityReport(CPersonality& personality, CStringArray& out);
+// Appends the report of personality to out; the personality is only read. Throws nothing of
+// its own.
+void PrintPersonalityReport(const CPersonality& personality, CStringArray& out);
 
 // The option class names in report order; *count receives their number. Classes printed by an
 // owner's block are listed right after their owner.

@@ -10,12 +10,13 @@ constexpr int kFormatVersion = 1;
 
 }  // namespace
 
-Json ExportPersonalityJson(CPersonality& personality) {
+Json ExportPersonalityJson(const CPersonality& personality) {
   Json doc = Json::object();
   doc["format"] = kFormat;
   doc["formatVersion"] = kFormatVersion;
   JsonExporter exporter;
-  doc["personality"] = exporter.Export(personality);
+  // The exporter walks the records with the field visitors, which only read here.
+  doc["personality"] = exporter.Export(const_cast<CPersonality&>(personality));
   return doc;
 }
 

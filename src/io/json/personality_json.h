@@ -13,7 +13,7 @@
 namespace persona {
 
 // Returns the JSON document of personality.
-Json ExportPersonalityJson(CPersonality& personality);
+Json ExportPersonalityJson(const CPersonality& personality);
 
 // Builds the personality of doc (which the caller owns); the key records its sets share are
 // kept by the personality. Throws CJsonImportException (source, JSON pointer, cause) for a
