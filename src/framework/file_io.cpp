@@ -54,39 +54,58 @@ std::vector<BYTE> ReadWholeFile(const std::string& path) {
   return bytes;
 }
 
-void WriteFileAtomically(const std::string& path, const std::vector<BYTE>& bytes,
-                         const AtomicWriteOptions& options) {
-  const std::string temp = TempPathFor(path);
+CAtomicFileWriter::CAtomicFileWriter(const std::string& path, const AtomicWriteOptions& options)
+    : m_path(path), m_temp(TempPathFor(path)), m_keepBackup(options.keepBackup) {
   try {
-    std::unique_ptr<CFile> file;
     if (options.openTemp) {
-      file = options.openTemp(temp);
+      m_file = options.openTemp(m_temp);
     } else {
-      file = std::make_unique<CFile>(temp, CFile::modeCreate | CFile::modeWrite);
-    }
-    std::size_t done = 0;
-    while (done < bytes.size()) {
-      const UINT chunk = static_cast<UINT>(std::min<std::size_t>(bytes.size() - done, 1u << 20));
-      file->Write(bytes.data() + done, chunk);
-      done += chunk;
-    }
-    file->Flush();
-    file->Close();
-    if (options.keepBackup && ::access(path.c_str(), F_OK) == 0) {
-      const std::string backup = path + ".bak";
-      ::unlink(backup.c_str());
-      if (::link(path.c_str(), backup.c_str()) != 0) {
-        throw CFileException::FromErrno(backup, errno, "keep a backup as");
-      }
-    }
-    if (std::rename(temp.c_str(), path.c_str()) != 0) {
-      throw CFileException::FromErrno(path, errno, "replace");
+      m_file = std::make_unique<CFile>(m_temp, CFile::modeCreate | CFile::modeWrite);
     }
   } catch (...) {
-    std::remove(temp.c_str());
+    std::remove(m_temp.c_str());
     throw;
   }
-  SyncFolder(FolderOf(path));
+}
+
+CAtomicFileWriter::~CAtomicFileWriter() {
+  if (m_committed) return;
+  if (m_file) m_file->Abort();
+  std::remove(m_temp.c_str());
+}
+
+void CAtomicFileWriter::Write(const void* data, std::size_t size) {
+  const BYTE* bytes = static_cast<const BYTE*>(data);
+  while (size > 0) {
+    const UINT chunk = static_cast<UINT>(std::min<std::size_t>(size, 1u << 20));
+    m_file->Write(bytes, chunk);
+    bytes += chunk;
+    size -= chunk;
+  }
+}
+
+void CAtomicFileWriter::Commit() {
+  m_file->Flush();
+  m_file->Close();
+  if (m_keepBackup && ::access(m_path.c_str(), F_OK) == 0) {
+    const std::string backup = m_path + ".bak";
+    ::unlink(backup.c_str());
+    if (::link(m_path.c_str(), backup.c_str()) != 0) {
+      throw CFileException::FromErrno(backup, errno, "keep a backup as");
+    }
+  }
+  if (std::rename(m_temp.c_str(), m_path.c_str()) != 0) {
+    throw CFileException::FromErrno(m_path, errno, "replace");
+  }
+  m_committed = true;
+  SyncFolder(FolderOf(m_path));
+}
+
+void WriteFileAtomically(const std::string& path, const std::vector<BYTE>& bytes,
+                         const AtomicWriteOptions& options) {
+  CAtomicFileWriter writer(path, options);
+  writer.Write(bytes.data(), bytes.size());
+  writer.Commit();
 }
 
 }  // namespace persona

@@ -26,6 +26,33 @@ struct AtomicWriteOptions {
   std::function<std::unique_ptr<CFile>(const std::string& tempPath)> openTemp;
 };
 
+// A file written atomically in pieces: the pieces go to a temporary file in the same folder,
+// and Commit() flushes it to disk, closes it and renames it over path (keeping a backup if
+// asked). Until Commit() returns, the file at path is unchanged; a writer destroyed without a
+// successful Commit() (an exception on the way) removes its temporary file.
+class CAtomicFileWriter {
+ public:
+  // Opens the temporary file. Throws CFileException when it cannot be created.
+  explicit CAtomicFileWriter(const std::string& path,
+                             const AtomicWriteOptions& options = AtomicWriteOptions());
+  ~CAtomicFileWriter();
+  CAtomicFileWriter(const CAtomicFileWriter&) = delete;
+  CAtomicFileWriter& operator=(const CAtomicFileWriter&) = delete;
+
+  // Appends size bytes. Throws CFileException when the write fails.
+  void Write(const void* data, std::size_t size);
+  // Puts the written bytes in place of path. Throws CFileException when any step fails; the
+  // temporary file is then removed and the file at path is unchanged.
+  void Commit();
+
+ private:
+  std::string m_path;
+  std::string m_temp;
+  bool m_keepBackup;
+  std::unique_ptr<CFile> m_file;
+  bool m_committed = false;
+};
+
 // Writes bytes to path atomically: a temporary file in the same folder is written, flushed to
 // disk, closed and renamed over path (the folder is flushed too). Throws CFileException when
 // any step fails; the temporary file is then removed and the file at path is unchanged.

@@ -100,6 +100,30 @@ TEST(FileIo, AFailedWriteLeavesTheOriginalUntouched) {
   }
 }
 
+TEST(FileIo, AWriterInPiecesCommitsOrLeavesNoTrace) {
+  const std::string dir = FreshDir("pieces");
+  const std::string path = dir + "/report.txt";
+  WriteFileAtomically(path, {'o', 'l', 'd'});
+  {
+    CAtomicFileWriter abandoned(path);
+    abandoned.Write("new", 3);
+    EXPECT_EQ(Entries(dir).size(), 2u);  // the temporary file beside the old one
+  }
+  EXPECT_EQ(ReadWholeFile(path), (std::vector<BYTE>{'o', 'l', 'd'}));
+  EXPECT_EQ(Entries(dir), std::vector<std::string>{"report.txt"});
+  AtomicWriteOptions options;
+  options.keepBackup = true;
+  CAtomicFileWriter writer(path, options);
+  writer.Write("ab", 2);
+  writer.Write("", 0);
+  writer.Write("c", 1);
+  EXPECT_EQ(ReadWholeFile(path), (std::vector<BYTE>{'o', 'l', 'd'}));
+  writer.Commit();
+  EXPECT_EQ(ReadWholeFile(path), (std::vector<BYTE>{'a', 'b', 'c'}));
+  EXPECT_EQ(ReadWholeFile(path + ".bak"), (std::vector<BYTE>{'o', 'l', 'd'}));
+  EXPECT_EQ(Entries(dir), (std::vector<std::string>{"report.txt", "report.txt.bak"}));
+}
+
 TEST(FileIo, UnreadableAndUnwritablePathsRaiseFileFailures) {
   EXPECT_THROW(ReadWholeFile("/nonexistent/demo.pers"), CFileException);
   try {
