@@ -118,6 +118,10 @@ TEST(StreamedJson, FaultsAreNamedByTheirPointer) {
       {"/formatVersion", 2, "/formatVersion"},
       {elements + "/1/RxFreq", "450", elements + "/1/RxFreq"},
       {elements + "/1/NoSuchField", 1, elements + "/1/NoSuchField"},
+      {elements + "/1/TxAddr", 70000, elements + "/1/TxAddr"},
+      {elements + "/1/Scan", -1, elements + "/1/Scan"},
+      {elements + "/1/Backlight", true, elements + "/1/Backlight"},
+      {elements + "/1/Name", 5, elements + "/1/Name"},
       {elements + "/2", Json{{"$class", "CTrunkSet"}}, elements + "/2"},
       {elements + "/0/$class", 7, elements + "/0"},
   };

@@ -302,6 +302,7 @@ bool Reader::start_object(std::size_t) {
   const Pending pending = Take();
   Frame f(Frame::Record);
   if (pending == Pending::Personality) {
+    if (m_root) throw Abandon();  // a second "personality": the whole reader takes the last
     f.expected = RUNTIME_CLASS(CPersonality);
   } else if (pending == Pending::Field && m_field->kind == FieldKind::Double) {
     f.kind = Frame::F64;
