@@ -1,7 +1,5 @@
 // persona import IN.json -o FILE: a personality file from its JSON document.
 #include "command.h"
-#include "framework/exceptions.h"
-#include "io/json/json_reader.h"
 
 namespace persona::cli {
 
@@ -17,17 +15,7 @@ void RegisterImport(Context& context) {
       "the document is checked record by record and a fault names its JSON pointer.");
   cmd->add_option("IN", args->input, "JSON document")->required();
   cmd->add_option("-o,--output", args->output, "Personality file to write")->required();
-  cmd->callback([args] {
-    std::unique_ptr<CPersonality> personality;
-    try {
-      personality = ReadPersonalityJsonFile(args->input);
-    } catch (const Json::exception& e) {
-      throw InputError(args->input + ": not JSON: " + e.what());
-    } catch (const CException& e) {
-      throw InputError(e.what());
-    }
-    SaveOutput(args->output, *personality);
-  });
+  cmd->callback([args] { SaveOutput(args->output, *LoadJsonInput(args->input)); });
 }
 
 }  // namespace persona::cli

@@ -6,7 +6,7 @@
 
 #include "framework/exceptions.h"
 #include "framework/file_io.h"
-#include "io/json/personality_json.h"
+#include "io/json/json_reader.h"
 
 namespace persona::cli {
 
@@ -34,9 +34,7 @@ LoadedPersonality LoadInput(const std::string& path) {
 
 std::unique_ptr<CPersonality> LoadJsonInput(const std::string& path) {
   try {
-    const std::vector<BYTE> bytes = ReadWholeFile(path);
-    const Json doc = Json::parse(bytes.begin(), bytes.end());
-    return ImportPersonalityJson(doc, path);
+    return ReadPersonalityJsonFile(path);
   } catch (const Json::exception& e) {
     throw InputError(path + ": not JSON: " + e.what());
   } catch (const CException& e) {

@@ -51,7 +51,7 @@ class Context {
 // Loads the personality file at path (InputError with the library's message on failure). A
 // file with unread bytes after the personality loads, with a warning on standard error.
 LoadedPersonality LoadInput(const std::string& path);
-// Loads a personality JSON document (InputError on failure).
+// Loads a personality JSON document, parsed as it is read (InputError on failure).
 std::unique_ptr<CPersonality> LoadJsonInput(const std::string& path);
 // Writes the personality file atomically; an existing file at path is kept as path.bak
 // (OutputError on failure).
