@@ -1,6 +1,6 @@
-// Text output of the commands that write documents (the report, the JSON export): written as
-// it is produced, through a buffer, either to standard output or atomically to a file, so that
-// no command holds its whole output in memory.
+// Text output of the commands that write documents (the report, the JSON export): standard
+// output is written as the text is produced, through a buffer; a file gets the text at
+// Commit(), written atomically by WriteText (its backup and replacement rules).
 #pragma once
 
 #include <cstddef>
@@ -8,15 +8,12 @@
 #include <string>
 #include <string_view>
 
-#include "framework/file_io.h"
 
 namespace persona::cli {
 
 class TextOutput {
  public:
-  // Output to path, or to standard output when path is empty or "-". A file is written to a
-  // temporary file and put in place by Commit(); an existing file is kept as path.bak. Throws
-  // OutputError when the temporary file cannot be created.
+  // Output to path, or to standard output when path is empty or "-". Throws nothing.
   explicit TextOutput(const std::string& path);
   TextOutput(const TextOutput&) = delete;
   TextOutput& operator=(const TextOutput&) = delete;
@@ -37,7 +34,7 @@ class TextOutput {
 
   std::string m_buffer;
   std::string m_path;
-  std::unique_ptr<CAtomicFileWriter> m_file;  // null: standard output
+  bool m_toFile = false;
 };
 
 }  // namespace persona::cli

@@ -467,6 +467,16 @@ std::unique_ptr<CPersonality> StreamPersonalityJson(std::istream& text) {
   return reader.Result();
 }
 
+std::unique_ptr<CPersonality> StreamPersonalityJson(const char* data, std::size_t size) {
+  Reader reader;
+  try {
+    if (!Json::sax_parse(data, data + size, &reader)) return nullptr;
+  } catch (const Abandon&) {
+    return nullptr;
+  }
+  return reader.Result();
+}
+
 std::unique_ptr<CPersonality> ReadPersonalityJsonFile(const std::string& path) {
   {
     std::vector<char> buffer(1 << 16);

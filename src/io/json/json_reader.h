@@ -3,6 +3,7 @@
 // the records it describes.
 #pragma once
 
+#include <cstddef>
 #include <iosfwd>
 #include <memory>
 #include <string>
@@ -23,5 +24,7 @@ std::unique_ptr<CPersonality> ReadPersonalityJsonFile(const std::string& path);
 // The streaming part alone, over text: the personality, or null when the text is outside the
 // streamed form or holds a fault (then nothing of it is kept). Throws only std::bad_alloc.
 std::unique_ptr<CPersonality> StreamPersonalityJson(std::istream& text);
+// The same over text in memory (size bytes at data, which the caller keeps).
+std::unique_ptr<CPersonality> StreamPersonalityJson(const char* data, std::size_t size);
 
 }  // namespace persona
