@@ -1,6 +1,7 @@
 // persona export FILE [-o OUT.json]: the lossless JSON document of a personality file.
 #include "command.h"
-#include "io/json/personality_json.h"
+#include "io/json/json_writer.h"
+#include "text_output.h"
 
 namespace persona::cli {
 
@@ -18,7 +19,10 @@ void RegisterExport(Context& context) {
   cmd->add_option("-o,--output", args->output, "JSON file to write (default: stdout)");
   cmd->callback([args] {
     LoadedPersonality loaded = LoadInput(args->file);
-    WriteText(args->output, ExportPersonalityJson(*loaded.personality).dump(2) + "\n");
+    TextOutput out(args->output);
+    WritePersonalityJson(*loaded.personality, [&out](std::string_view text) { out.Write(text); });
+    out.Write('\n');
+    out.Commit();
   });
 }
 

@@ -3,6 +3,7 @@
 #include "embedded_sample.h"
 #include "framework/exceptions.h"
 #include "report/personality_report.h"
+#include "text_output.h"
 
 namespace persona::cli {
 
@@ -29,9 +30,14 @@ void RegisterReport(Context& context) {
     } else {
       loaded = LoadInput(args->file);
     }
-    CStringArray lines;
-    PrintPersonalityReport(*loaded.personality, lines);
-    WriteText(args->output, JoinLines(lines));
+    TextOutput out(args->output);
+    StreamPersonalityReport(*loaded.personality, [&out](const CStringArray& lines) {
+      for (const CString& line : lines) {
+        out.Write(line.str());
+        out.Write('\n');
+      }
+    });
+    out.Commit();
   });
 }
 

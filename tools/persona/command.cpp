@@ -10,6 +10,7 @@
 
 #include "framework/exceptions.h"
 #include "framework/file_io.h"
+#include "io/json/json_reader.h"
 #include "io/json/personality_json.h"
 
 namespace persona::cli {
@@ -114,6 +115,10 @@ std::unique_ptr<CPersonality> LoadJsonInput(const std::string& path) {
     throw InputError(name + ": this is a global set file, not a JSON document");
   }
   try {
+    // Records straight from the parser's events; any other form or a fault is read whole.
+    std::unique_ptr<CPersonality> streamed =
+        StreamPersonalityJson(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    if (streamed) return streamed;
     const Json doc = Json::parse(bytes.begin(), bytes.end());
     return ImportPersonalityJson(doc, name);
   } catch (const Json::exception& e) {
