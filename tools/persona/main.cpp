@@ -32,7 +32,11 @@ const char* const kFooter = R"(Exit codes:
   3   an output file cannot be written (the file that was there is left intact)
   4   the file does not hold the system, set or record named, or a new name is taken
   64  the command line is malformed (unknown command or option, missing argument)
-Every file is written atomically; a file that is replaced is kept as FILE.bak.)";
+Files: "-" reads standard input or writes standard output. Every file is written
+atomically: a symbolic link is followed and its target replaced, with its mode (and owner,
+where allowed) kept; a FIFO or character device is written directly, never replaced; a
+folder or socket is refused. A replaced personality or set file is kept as FILE.bak (not
+with --no-backup); a replaced report, JSON or CSV file only with --backup.)";
 
 // Names a command word that the app (or a group such as "set") does not have, with the
 // nearest ones, before CLI11 reads it as a stray argument. Throws UsageError.
@@ -69,6 +73,7 @@ int main(int argc, char** argv) {
   app.require_subcommand(1);
   Context context(app);
   for (auto* registerCommand : kCommands) registerCommand(context);
+  persona::cli::AddOutputFlags(app);
   app.footer(kFooter);  // after the commands, which would each inherit it
   try {
     CheckCommandWords(app, argc, argv);
