@@ -321,7 +321,7 @@ EOT
     cat "$sample" | "$persona" export - -o - >sample.json || fail "export - -o - failed"
     "$persona" import - -o - <sample.json >back.pers || fail "import - -o - failed"
     same_file back.pers "$sample"
-    "$persona" merge "$sample" "$sample" -o - >merged.pers 2>err.txt || fail "merge -o - failed"
+    "$persona" merge "$sample" "$sample" --prefer a -o - >merged.pers 2>err.txt || fail "merge -o - failed"
     contains err.txt "name clash(es)"
     expect_rc 64 "$persona" diff - - <"$sample"
     contains err.txt "standard input (-) can be given only once"
