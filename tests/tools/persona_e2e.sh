@@ -247,6 +247,10 @@ case "$case_name" in
     contains out.txt "FIRE 1   FIRE 1  851.4125"
     expect_rc 0 "$persona" show "$sample" "sets/conv/SOUTH/FIRE 1/RxCg"
     [[ "$(cat out.txt)" == "sets/conv/SOUTH/FIRE 1/RxCg = 111.2" ]] || fail "show: $(cat out.txt)"
+    # The model catalogue follows the pruning rules: model 74 takes trunked systems only.
+    expect_rc 0 "$persona" models
+    grep -qx "74  Model 74 trunked  Korvex" out.txt || fail "models: no trunked-only 74"
+    contains out.txt "101  Model 101 P25 trunked  Korvex, Conventional, Project 25 Conventional"
     ;;
   exit_codes)
     expect_rc 64 "$persona"

@@ -5,6 +5,8 @@
 // calls: number or ID). Every line starts with the element's path segment.
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <map>
 
 #include "command.h"
@@ -38,9 +40,17 @@ std::vector<const char*> Columns(int type) {
   }
 }
 
+// A field as a table cell; frequencies to the hertz, without trailing zeros.
 std::string Cell(CObject& rec, const char* field) {
   std::string text;
   GetFieldText(rec, field, text, true);
+  if (std::strstr(field, "Freq") != nullptr && text.find('.') != std::string::npos) {
+    char buf[40];
+    std::snprintf(buf, sizeof buf, "%.6f", std::strtod(text.c_str(), nullptr));
+    text = buf;
+    while (text.back() == '0') text.pop_back();
+    if (text.back() == '.') text.pop_back();
+  }
   return text;
 }
 
