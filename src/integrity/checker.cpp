@@ -10,6 +10,7 @@
 #include "conventional/p25_conv_set.h"
 #include "core/set_helpers.h"
 #include "integrity/name_refs.h"
+#include "integrity/record_path.h"
 #include "integrity/set_use.h"
 #include "options/p25_wan_opts.h"
 #include "systems/esk_key_list.h"
@@ -154,10 +155,6 @@ class Checker {
     return SystemSetNameFor(system, type, &name) && !name.IsEmpty();
   }
 
-  static std::string SetPath(SetType type, const CSet& set) {
-    return std::string("sets/") + SetListPathName(type) + "/" + set.Name().str();
-  }
-
   void CheckList(SetType type) {
     std::unordered_map<std::string, const CSet*> first;
     for (int i = 0; i < m_p.GetNumSets(type); ++i) {
@@ -257,7 +254,7 @@ class Checker {
                 " record, not a system; nothing can name it");
       }
       if (system == nullptr || RadioTypeSupportsSystemKind(radio, system->GetSysType())) continue;
-      Add("SYSTEM_UNSUPPORTED", Finding::Warning, "systems/" + system->Name().str(),
+      Add("SYSTEM_UNSUPPORTED", Finding::Warning, SystemPath(*system),
           "is a kind of system that radio type " + std::to_string(radio) + " cannot use");
     }
   }

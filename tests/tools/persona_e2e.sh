@@ -284,6 +284,71 @@ EOT
     contains out.txt 'removed ConvSets/SOUTH/Elements/15: {"$class":"CConvChannel","Name":"MUTL 2"'
     contains out.txt 'changed ConvSets/METRO/Scope: 1 -> 0'
     ;;
+  edit)
+    # A path that check prints is accepted back by get and edit.
+    expect_rc 0 "$persona" edit "$sample" "systems/KVX METRO/GroupSetName=NOPE" --force -o broken.pers
+    contains out.txt 'added error REF_SET_MISSING systems/KVX METRO/GroupSetName: names group set "NOPE"'
+    expect_rc 1 "$persona" check broken.pers
+    path=$(sed -n 's/^error REF_SET_MISSING \([^:]*\):.*/\1/p' out.txt)
+    [[ "$path" == "systems/KVX METRO/GroupSetName" ]] || fail "check printed '$path'"
+    expect_rc 0 "$persona" get broken.pers "$path"
+    [[ "$(cat out.txt)" == NOPE ]] || fail "get printed $(cat out.txt)"
+    cp broken.pers fix.pers
+    expect_rc 1 "$persona" edit fix.pers "$path=ALSO-NOPE" --in-place  # still an error: not saved
+    same_file fix.pers broken.pers
+    expect_rc 0 "$persona" edit fix.pers "$path=g-metro" --in-place
+    expect_rc 0 "$persona" check fix.pers
+    # An edit of each field type changes exactly that field.
+    one_change() {  # PATH=VALUE, then the text the one diff line must hold
+      expect_rc 0 "$persona" edit "$sample" "$1" --force -o one.pers
+      expect_rc 1 "$persona" diff "$sample" one.pers
+      [[ $(grep -c . out.txt) -eq 1 ]] || fail "$1 made other changes: $(cat out.txt)"
+      contains out.txt "$2"
+    }
+    one_change "sets/conv/SOUTH/FIRE 1/RxFreq=851.5" "RxFreq: 851.4125 -> 851.5"
+    one_change "sets/conv/SOUTH/#1/Power=2" "Power: 0 -> 2"
+    one_change "options/CGenRadioOpts/Squelch=0xC8" "Squelch: 160 -> 200"
+    one_change "options/CAlarmOpts/Alarm1On=On" "Alarm1On: 0 -> 1"
+    one_change "options/CAlarmOpts/Alarm1Active=low" "Alarm1Active: 1 -> 0"
+    one_change "options/CP25OtarOpts/OtarEnabled=yes" "OtarEnabled: false -> true"
+    one_change "Description=Night shift" '-> "Night shift"'
+    one_change "sets/conv/METRO/HomeChan=PD 1" '-> "PD 1"'
+    # A set renamed by edit is renamed where it is named, too.
+    expect_rc 0 "$persona" edit "$sample" "sets/conv/south/Name=SOUTH 2" -o renamed.pers
+    expect_rc 0 "$persona" get renamed.pers "systems/CNV NORTH/ConvSetName" "sets/conv/SOUTH 2/#1/Name"
+    [[ "$(cat out.txt)" == $'SOUTH 2\nFIRE 1' ]] || fail "rename not carried: $(cat out.txt)"
+    # A bad value is refused and the file stays byte-identical.
+    cp "$sample" bad.pers
+    for bad in "sets/conv/SOUTH/FIRE 1/RxFreq=851,5" "options/CGenRadioOpts/Squelch=70000" \
+      "options/CAlarmOpts/Alarm1Active=Medium" "Name=$(printf '\xe6\x97\xa5')" "sets/conv/NOPE/Scope=1"; do
+      expect_rc 64 "$persona" edit bad.pers "$bad" --in-place
+      same_file bad.pers "$sample"
+      [[ -e bad.pers.bak ]] && fail "a refused edit wrote bad.pers ($bad)"
+    done
+    contains err.txt 'bad.pers: sets/conv/NOPE/Scope: no conv set "NOPE" (column 11) (nothing written)'
+    # A fleet: every file edited in place, a damaged one reported without stopping the others.
+    for n in 1 2 3 4; do cp "$sample" "fleet$n.pers"; done
+    head -c 500 "$sample" >fleet3.pers
+    expect_rc 2 "$persona" edit fleet*.pers "options/CGenRadioOpts/Squelch=200" "Name=FLEET" --in-place
+    contains err.txt "fleet3.pers: byte 494"
+    expect_rc 2 "$persona" get fleet*.pers options/CGenRadioOpts/Squelch Name
+    [[ "$(cat out.txt)" == $'fleet1.pers: 200\nfleet1.pers: FLEET\nfleet2.pers: 200\nfleet2.pers: FLEET\nfleet4.pers: 200\nfleet4.pers: FLEET' ]] ||
+      fail "fleet get: $(cat out.txt)"
+    same_file fleet1.pers.bak "$sample"
+    # list: the systems and sets, and a set's elements as a table.
+    expect_rc 0 "$persona" list "$sample"
+    contains out.txt "systems/CNV NORTH  Conventional  sets/conv/SOUTH, sets/phone/PH-SOUTH"
+    contains out.txt "sets/conv/NORTH  16 element(s)  local  used by nothing"
+    expect_rc 0 "$persona" list "$sample" conv SOUTH
+    [[ $(grep -c . out.txt) -eq 17 ]] || fail "list conv SOUTH: $(head -3 out.txt)"
+    contains out.txt "FIRE 1   FIRE 1  851.4125"
+    expect_rc 0 "$persona" show "$sample" "sets/conv/SOUTH/FIRE 1/RxCg"
+    [[ "$(cat out.txt)" == "sets/conv/SOUTH/FIRE 1/RxCg = 111.2" ]] || fail "show: $(cat out.txt)"
+    # The model catalogue follows the pruning rules: model 74 takes trunked systems only.
+    expect_rc 0 "$persona" models
+    grep -qx "74  Model 74 trunked  Korvex" out.txt || fail "models: no trunked-only 74"
+    contains out.txt "101  Model 101 P25 trunked  Korvex, Conventional, Project 25 Conventional"
+    ;;
   exit_codes)
     expect_rc 64 "$persona"
     expect_rc 64 "$persona" rprot
