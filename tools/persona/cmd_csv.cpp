@@ -46,7 +46,7 @@ std::string ImportReport(const CsvImportResult& r, const std::string& what, bool
                      (r.reordered ? ", order changed" : "") + (dryRun ? " (dry run)" : "") + "\n";
   for (const CsvDroppedReference& ref : r.references) {
     text += "reference " + ref.path + " names removed element \"" + ref.name + "\"" +
-            (r.blocked ? "" : ": cleared") + "\n";
+            (r.blocked ? "" : dryRun ? ": would be cleared" : ": cleared") + "\n";
   }
   for (const Finding& f : r.addedFindings) {
     text += "added finding: " + std::string(SeverityWord(f.severity)) + " " + f.code + " " +
