@@ -44,9 +44,9 @@ std::string ImportReport(const CsvImportResult& r, const std::string& what, bool
                      " changed, " + std::to_string(r.removed) + " removed, " +
                      std::to_string(unchanged) + " unchanged" +
                      (r.reordered ? ", order changed" : "") + (dryRun ? " (dry run)" : "") + "\n";
+  const char* fate = r.blocked ? "" : dryRun ? ": would be cleared" : ": cleared";
   for (const CsvDroppedReference& ref : r.references) {
-    text += "reference " + ref.path + " names removed element \"" + ref.name + "\"" +
-            (r.blocked ? "" : dryRun ? ": would be cleared" : ": cleared") + "\n";
+    text += "reference " + ref.path + " names removed element \"" + ref.name + "\"" + fate + "\n";
   }
   for (const Finding& f : r.addedFindings) {
     text += "added finding: " + std::string(SeverityWord(f.severity)) + " " + f.code + " " +
