@@ -7,6 +7,7 @@
 
 #include "core/global_sets.h"
 #include "integrity/name_refs.h"
+#include "integrity/record_path.h"
 #include "integrity/set_use.h"
 #include "options/p25_wan_opts.h"
 #include "systems/esk_key_list.h"
@@ -115,10 +116,6 @@ class Checker {
     return SystemSetNameFor(system, type, &name) && !name.IsEmpty();
   }
 
-  static std::string SetPath(SetType type, const CSet& set) {
-    return std::string("sets/") + SetListPathName(type) + "/" + set.Name().str();
-  }
-
   void CheckList(SetType type) {
     std::unordered_map<std::string, const CSet*> first;
     for (int i = 0; i < m_p.GetNumSets(type); ++i) {
@@ -166,7 +163,7 @@ class Checker {
     for (int i = 0; i < m_p.GetNumSystems(); ++i) {
       const CSystem* system = m_p.GetSystemAt(i);
       if (system == nullptr || RadioTypeSupportsSystemKind(radio, system->GetSysType())) continue;
-      Add("SYSTEM_UNSUPPORTED", Finding::Warning, "systems/" + system->Name().str(),
+      Add("SYSTEM_UNSUPPORTED", Finding::Warning, SystemPath(*system),
           "is a kind of system that radio type " + std::to_string(radio) + " cannot use");
     }
   }

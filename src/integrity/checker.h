@@ -2,10 +2,10 @@
 // inconsistent in it, each finding with a stable code, a severity, the path of the field or
 // record concerned and a message a person can act on.
 //
-// Paths: "systems/<system>/<field>", "sets/<list>/<set>/<field>" with the lists trunk, conv,
-// group, phone, icall, spcall, plmgroup, plmspcall, p25conv, p25group and eagroup, elements as
-// "sets/<list>/<set>/#<position from 1>/<field>", "options/<class>/<field>"; an entry of a list
-// of names adds "/<position from 1>".
+// Paths are record paths (integrity/record_path.h), which the tool accepts back: for example
+// "systems/North/GroupSetName", "sets/conv/METRO/FIRE 1/TxFreq" (an element by its name, or
+// "#<position from 1>" when its name is not unique in its set), "options/CGenRadioOpts/CnvTestSet"
+// and "systems/North/ScannedSystems/2" for an entry of a list of names.
 //
 // Codes (stable; tools may match on them):
 //   REF_SYSTEM_MISSING   error    a field names a system that does not exist

@@ -1,65 +1,57 @@
+// Field values as text (see field_text.h).
 #include "io/field_text.h"
 
+#include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <cmath>
 #include <cstring>
 #include <limits>
-#include <type_traits>
 
+#include "core/set.h"
+#include "framework/codepage.h"
 #include "framework/fields.h"
+#include "options/option_report.h"
+#include "systems/system.h"
 
 namespace persona {
 
 namespace {
 
-std::string_view TrimBlanks(std::string_view text) {
-  while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
-  while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) text.remove_suffix(1);
-  return text;
+std::string_view Trim(std::string_view s) {
+  while (!s.empty() && std::isspace(static_cast<unsigned char>(s.front()))) s.remove_prefix(1);
+  while (!s.empty() && std::isspace(static_cast<unsigned char>(s.back()))) s.remove_suffix(1);
+  return s;
 }
 
-bool EqualsNoCase(std::string_view a, const char* b) {
-  const std::size_t n = std::strlen(b);
-  if (a.size() != n) return false;
-  for (std::size_t i = 0; i < n; ++i) {
-    if (std::tolower(static_cast<unsigned char>(a[i])) != b[i]) return false;
+bool EqualFolded(std::string_view a, std::string_view b) {
+  if (a.size() != b.size()) return false;
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (std::tolower(static_cast<unsigned char>(a[i])) !=
+        std::tolower(static_cast<unsigned char>(b[i]))) {
+      return false;
+    }
   }
   return true;
 }
 
-std::string DoubleText(double v) {
-  char buf[64];
-  // Five decimals (10 Hz in MHz) when they give back the same bits: the form people write.
-  auto r = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::fixed, 5);
-  if (r.ec == std::errc()) {
-    double back = 0.0;
-    std::from_chars(buf, r.ptr, back);
-    if (std::memcmp(&back, &v, sizeof v) == 0) return std::string(buf, r.ptr);
+std::string Shown(std::string_view text) { return "\"" + std::string(text) + "\""; }
+
+std::vector<std::string_view> SplitList(std::string_view text) {
+  std::vector<std::string_view> out;
+  if (Trim(text).empty()) return out;
+  while (true) {
+    const std::size_t comma = text.find(',');
+    out.push_back(Trim(text.substr(0, comma)));
+    if (comma == std::string_view::npos) break;
+    text.remove_prefix(comma + 1);
   }
-  r = std::to_chars(buf, buf + sizeof buf, v);  // the shortest text that reads back exactly
-  return std::string(buf, r.ptr);
+  return out;
 }
 
-double ParseDouble(std::string_view text) {
-  std::string t(TrimBlanks(text));
-  // A decimal comma, as spreadsheets of many locales write it.
-  if (t.find('.') == std::string::npos && t.find(',') == t.rfind(',')) {
-    const std::size_t comma = t.find(',');
-    if (comma != std::string::npos) t[comma] = '.';
-  }
-  double v = 0.0;
-  const char* begin = t.data() + (!t.empty() && t[0] == '+' ? 1 : 0);
-  const auto r = std::from_chars(begin, t.data() + t.size(), v);
-  if (t.empty() || r.ec != std::errc() || r.ptr != t.data() + t.size()) {
-    throw FieldTextError("\"" + std::string(text) + "\" is not a number");
-  }
-  return v;
-}
-
-template <class T>
-T ParseInteger(std::string_view text) {
-  std::string_view t = TrimBlanks(text);
+// The number in text (decimal, or hexadecimal after "0x"), or throws.
+long long ParseInteger(std::string_view text) {
+  std::string_view t = Trim(text);
   bool negative = false;
   if (!t.empty() && (t.front() == '-' || t.front() == '+')) {
     negative = t.front() == '-';
@@ -70,126 +62,361 @@ T ParseInteger(std::string_view text) {
     base = 16;
     t.remove_prefix(2);
   }
-  unsigned long long magnitude = 0;
-  const auto r = std::from_chars(t.data(), t.data() + t.size(), magnitude, base);
-  if (t.empty() || r.ptr != t.data() + t.size() ||
-      (r.ec != std::errc() && r.ec != std::errc::result_out_of_range)) {
-    throw FieldTextError("\"" + std::string(text) + "\" is not a whole number");
+  unsigned long long v = 0;
+  const auto [end, ec] = std::from_chars(t.data(), t.data() + t.size(), v, base);
+  if (t.empty() || ec == std::errc::invalid_argument || end != t.data() + t.size()) {
+    throw FieldTextError(Shown(text) + " is not a whole number");
   }
-  using Limits = std::numeric_limits<T>;
-  const long double value = negative ? -static_cast<long double>(magnitude) : magnitude;
-  if (r.ec == std::errc::result_out_of_range || value < static_cast<long double>(Limits::min()) ||
-      value > static_cast<long double>(Limits::max())) {
-    throw FieldTextError("\"" + std::string(text) + "\" is outside " +
-                         std::to_string(static_cast<long long>(Limits::min())) + " to " +
-                         std::to_string(static_cast<unsigned long long>(Limits::max())));
+  if (ec == std::errc::result_out_of_range || v > (1ULL << 62)) {
+    throw FieldTextError(Shown(text) + " is far too large");
   }
-  return static_cast<T>(negative ? -static_cast<long long>(magnitude)
-                                 : static_cast<long long>(magnitude));
+  const auto s = static_cast<long long>(v);
+  return negative ? -s : s;
 }
 
-bool ParseSwitch(std::string_view text) {
-  const std::string_view t = TrimBlanks(text);
-  for (const char* on : {"1", "on", "yes", "true"}) {
-    if (EqualsNoCase(t, on)) return true;
+template <class T>
+T FitInteger(std::string_view text, long long v) {
+  const auto lo = static_cast<long long>(std::numeric_limits<T>::min());
+  const auto hi = static_cast<long long>(std::numeric_limits<T>::max());
+  if (v < lo || v > hi) {
+    throw FieldTextError(Shown(Trim(text)) + " does not fit: the field holds " +
+                         std::to_string(lo) + " to " + std::to_string(hi));
   }
-  for (const char* off : {"0", "off", "no", "false"}) {
-    if (EqualsNoCase(t, off)) return false;
-  }
-  throw FieldTextError("\"" + std::string(text) + "\" is not a switch (0/1, Off/On, No/Yes)");
+  return static_cast<T>(v);
 }
 
-// Finds one field by name and reads or writes it as text; other fields are passed over.
-class FieldTexter : public CFieldSkipper {
+bool ParseSwitch(std::string_view text, bool* on) {
+  const std::string_view t = Trim(text);
+  for (const char* w : {"on", "true", "yes", "1"}) {
+    if (EqualFolded(t, w)) {
+      *on = true;
+      return true;
+    }
+  }
+  for (const char* w : {"off", "false", "no", "0"}) {
+    if (EqualFolded(t, w)) {
+      *on = false;
+      return true;
+    }
+  }
+  return false;
+}
+
+std::string DoubleText(double v) {
+  char buf[64];
+  const auto r = std::to_chars(buf, buf + sizeof buf, v);
+  return std::string(buf, r.ptr);
+}
+
+double ParseDouble(std::string_view text) {
+  const std::string_view t = Trim(text);
+  double v = 0;
+  const char* first = t.data() + (!t.empty() && t.front() == '+' ? 1 : 0);
+  const auto [end, ec] = std::from_chars(first, t.data() + t.size(), v);
+  if (t.empty() || ec != std::errc() || end != t.data() + t.size() || !std::isfinite(v)) {
+    throw FieldTextError(Shown(text) + " is not a number");
+  }
+  return v;
+}
+
+CString ParseString(std::string_view text) {
+  std::string bytes;
+  if (!Utf8ToWindows1252(std::string(text), &bytes)) {
+    throw FieldTextError(Shown(text) +
+                         " is not UTF-8 or holds a character outside the radio's code page "
+                         "(Windows-1252)");
+  }
+  return CString(bytes);
+}
+
+bool IsFixedField(const CObject& record, std::string_view name) {
+  return (name == "SetType" && record.IsKindOf(RUNTIME_CLASS(CSet))) ||
+         (name == "SysType" && record.IsKindOf(RUNTIME_CLASS(CSystem)));
+}
+
+// Field names with a text form, in order.
+class NameScan : public CFieldVisitor {
  public:
-  using CFieldSkipper::Field;
-  FieldTexter(std::string_view name, std::string* out, const std::string_view* in, bool words)
-      : m_name(name), m_out(out), m_in(in), m_words(words) {}
-  bool Found() const { return m_found; }
+  std::vector<std::string> names;
+  void Field(const FieldInfo& f, bool&) override { names.emplace_back(f.name); }
+  void Field(const FieldInfo& f, BYTE&) override { names.emplace_back(f.name); }
+  void Field(const FieldInfo& f, WORD&) override { names.emplace_back(f.name); }
+  void Field(const FieldInfo& f, short&) override { names.emplace_back(f.name); }
+  void Field(const FieldInfo& f, DWORD&) override { names.emplace_back(f.name); }
+  void Field(const FieldInfo& f, LONG&) override { names.emplace_back(f.name); }
+  void Field(const FieldInfo& f, double&) override { names.emplace_back(f.name); }
+  void Field(const FieldInfo& f, CString&) override { names.emplace_back(f.name); }
+  void Field(const FieldInfo& f, CStringArray&) override { names.emplace_back(f.name); }
+  void Field(const FieldInfo& f, CWordArray&) override { names.emplace_back(f.name); }
+  void Field(const FieldInfo& f, WORD*, std::size_t) override { names.emplace_back(f.name); }
+  void Field(const FieldInfo&, COwnedObList&) override {}
+  void Field(const FieldInfo&, CObList&) override {}
+};
+
+std::vector<std::string> TextFields(const CObject& record) {
+  NameScan scan;
+  const_cast<CObject&>(record).VisitFields(scan);
+  return scan.names;
+}
+
+// The field spelled name (exactly, or ignoring case when that finds one), or "".
+std::string MatchField(const CObject& record, std::string_view name) {
+  std::string folded;
+  int foldedCount = 0;
+  for (std::string& n : TextFields(record)) {
+    if (n == name) return n;
+    if (EqualFolded(n, name)) {
+      folded = n;
+      ++foldedCount;
+    }
+  }
+  return foldedCount == 1 ? folded : std::string();
+}
+
+// Gets or sets one named field (entry: -1 for the whole field).
+class FieldOp : public CFieldVisitor {
+ public:
+  FieldOp(std::string name, int entry, bool words)
+      : m_name(std::move(name)), m_entry(entry), m_words(words) {}
+  bool found = false;
+  bool setting = false;
+  std::string text;  // the value read, or the text to set
 
   void Field(const FieldInfo& f, bool& v) override {
     if (!Mine(f)) return;
-    if (m_in != nullptr) v = ParseSwitch(*m_in);
-    if (m_out != nullptr) *m_out = m_words ? (v ? "On" : "Off") : (v ? "1" : "0");
+    if (!setting) {
+      text = m_words ? (v ? "On" : "Off") : (v ? "true" : "false");
+    } else if (!ParseSwitch(text, &v)) {
+      throw FieldTextError(Shown(text) + " is not a switch: give On or Off");
+    }
   }
-  void Field(const FieldInfo& f, BYTE& v) override { Number(f, v); }
-  void Field(const FieldInfo& f, WORD& v) override { Number(f, v); }
-  void Field(const FieldInfo& f, short& v) override { Number(f, v); }
-  void Field(const FieldInfo& f, DWORD& v) override { Number(f, v); }
-  void Field(const FieldInfo& f, LONG& v) override { Number(f, v); }
+  void Field(const FieldInfo& f, BYTE& v) override { Integer(f, v); }
+  void Field(const FieldInfo& f, WORD& v) override { Integer(f, v); }
+  void Field(const FieldInfo& f, short& v) override { Integer(f, v); }
+  void Field(const FieldInfo& f, DWORD& v) override { Integer(f, v); }
+  void Field(const FieldInfo& f, LONG& v) override { Integer(f, v); }
   void Field(const FieldInfo& f, double& v) override {
     if (!Mine(f)) return;
-    if (m_in != nullptr) v = ParseDouble(*m_in);
-    if (m_out != nullptr) *m_out = DoubleText(v);
+    if (setting) {
+      v = ParseDouble(text);
+    } else {
+      text = DoubleText(v);
+    }
   }
   void Field(const FieldInfo& f, CString& v) override {
     if (!Mine(f)) return;
-    if (m_in != nullptr) v = CString(std::string(*m_in));
-    if (m_out != nullptr) *m_out = v.str();
+    if (setting) {
+      v = ParseString(text);
+    } else {
+      text = Windows1252ToUtf8(v.str());
+    }
   }
+  void Field(const FieldInfo& f, CStringArray& v) override {
+    if (!Mine(f, true)) return;
+    List(
+        v.GetSize(), [&](int i) { return Windows1252ToUtf8(v.GetAt(i).str()); },
+        [&](std::string_view t) { return ParseString(t); },
+        [&](int i, const CString& s) { i < v.GetSize() ? v.SetAt(i, s) : (void)v.Add(s); },
+        [&](const std::vector<CString>& all) {
+          v.RemoveAll();
+          for (const CString& s : all) v.Add(s);
+        },
+        true);
+  }
+  void Field(const FieldInfo& f, CWordArray& v) override {
+    if (!Mine(f, true)) return;
+    List(
+        v.GetSize(), [&](int i) { return std::to_string(v.GetAt(i)); },
+        [&](std::string_view t) { return FitInteger<WORD>(t, ParseInteger(t)); },
+        [&](int i, WORD w) { i < v.GetSize() ? v.SetAt(i, w) : (void)v.Add(w); },
+        [&](const std::vector<WORD>& all) {
+          v.RemoveAll();
+          for (WORD w : all) v.Add(w);
+        },
+        true);
+  }
+  void Field(const FieldInfo& f, WORD* values, std::size_t count) override {
+    if (!Mine(f, true)) return;
+    const int n = static_cast<int>(count);
+    List(
+        n, [&](int i) { return std::to_string(values[i]); },
+        [&](std::string_view t) { return FitInteger<WORD>(t, ParseInteger(t)); },
+        [&](int i, WORD w) { values[i] = w; },
+        [&](const std::vector<WORD>& all) {
+          if (all.size() != count) {
+            throw FieldTextError(std::string(f.name) + " holds exactly " + std::to_string(count) +
+                                 " numbers, not " + std::to_string(all.size()));
+          }
+          std::copy(all.begin(), all.end(), values);
+        },
+        false);
+  }
+  void Field(const FieldInfo& f, COwnedObList&) override { NoText(f); }
+  void Field(const FieldInfo& f, CObList&) override { NoText(f); }
 
  private:
-  bool Mine(const FieldInfo& f) {
-    if (m_found || m_name != f.name) return false;
-    m_found = true;
-    return true;
+  // True when f is the field sought and the op applies to it (an entry only to lists).
+  bool Mine(const FieldInfo& f, bool list = false) {
+    if (found || m_name != f.name) return false;
+    found = true;
+    if (m_entry < 0 || list) return true;
+    if (setting) throw FieldTextError(m_name + " is not a list: it has no entries");
+    found = false;
+    return false;
   }
+  void NoText(const FieldInfo& f) {
+    if (found || m_name != f.name) return;
+    throw FieldTextError(std::string(f.name) + " is a list of records; give the path of one");
+  }
+
   template <class T>
-  void Number(const FieldInfo& f, T& v) {
+  void Integer(const FieldInfo& f, T& v) {
     if (!Mine(f)) return;
-    if (m_in != nullptr) v = ParseInteger<T>(*m_in);
-    if (m_out != nullptr) *m_out = std::to_string(v);
+    if (!setting) {
+      text = IntegerText(f, v);
+      return;
+    }
+    v = ParseCoded<T>(f, text);
   }
 
-  std::string_view m_name;
-  std::string* m_out;
-  const std::string_view* m_in;
+  template <class T>
+  std::string IntegerText(const FieldInfo& f, T v) const {
+    if (m_words && f.words != nullptr) return WordOf(*f.words, static_cast<unsigned>(v));
+    if (m_words && f.onOff) return v ? "On" : "Off";
+    if (m_words && f.hex) {
+      char buf[24];
+      const auto r = std::to_chars(
+          buf, buf + sizeof buf,
+          static_cast<unsigned long long>(static_cast<std::make_unsigned_t<T>>(v)), 16);
+      std::string hex(buf, r.ptr);
+      for (char& c : hex) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+      return "0x" + hex;
+    }
+    return std::to_string(v);
+  }
+
+  template <class T>
+  static T ParseCoded(const FieldInfo& f, std::string_view text) {
+    const std::string_view t = Trim(text);
+    if (f.words != nullptr) {
+      for (std::size_t i = 0; i < f.words->count; ++i) {
+        const char* w = f.words->words[i];
+        if (w != nullptr && *w != '\0' && EqualFolded(t, w)) return static_cast<T>(i);
+      }
+      if (t.empty() || !(std::isdigit(static_cast<unsigned char>(t.front())) || t.front() == '-' ||
+                         t.front() == '+')) {
+        throw FieldTextError(Shown(text) + " is not one of " + WordList(*f.words) +
+                             " (or their numbers 0 to " + std::to_string(f.words->count - 1) + ")");
+      }
+      const long long v = ParseInteger(text);
+      if (v < 0 || v >= static_cast<long long>(f.words->count)) {
+        throw FieldTextError(Shown(text) + " is not a code of " + WordList(*f.words) +
+                             ": give a word or a number from 0 to " +
+                             std::to_string(f.words->count - 1));
+      }
+      return static_cast<T>(v);
+    }
+    bool on = false;
+    if (f.onOff && !t.empty() && std::isalpha(static_cast<unsigned char>(t.front()))) {
+      if (!ParseSwitch(t, &on))
+        throw FieldTextError(Shown(text) + " is not a switch: give On or Off");
+      return static_cast<T>(on ? 1 : 0);
+    }
+    return FitInteger<T>(text, ParseInteger(text));
+  }
+
+  static std::string WordList(const Words& words) {
+    std::string out;
+    for (std::size_t i = 0; i < words.count; ++i) {
+      if (words.words[i] == nullptr || *words.words[i] == '\0') continue;
+      out += (out.empty() ? "" : ", ") + std::string(words.words[i]);
+    }
+    return out;
+  }
+
+  // A list field: reads or sets the whole list or one entry. growable: entry count+1 appends.
+  template <class Show, class Parse, class Put, class Assign>
+  void List(int count, Show show, Parse parse, Put put, Assign assign, bool growable) {
+    if (!setting) {
+      if (m_entry >= 0) {
+        if (m_entry >= count) return Missing();
+        text = show(m_entry);
+        return;
+      }
+      text.clear();
+      for (int i = 0; i < count; ++i) text += (i ? ", " : "") + show(i);
+      return;
+    }
+    if (m_entry >= 0) {
+      if (m_entry > count || (m_entry == count && !growable)) {
+        throw FieldTextError(m_name + " has " + std::to_string(count) + " entries; entry " +
+                             std::to_string(m_entry + 1) + " cannot be set");
+      }
+      put(m_entry, parse(text));
+      return;
+    }
+    std::vector<decltype(parse(text))> all;
+    for (std::string_view item : SplitList(text)) all.push_back(parse(item));
+    assign(all);
+  }
+  void Missing() { found = false; }
+
+  std::string m_name;
+  int m_entry;
   bool m_words;
-  bool m_found = false;
 };
 
-// Collects the names of the single-value fields.
-class NameLister : public CFieldSkipper {
- public:
-  using CFieldSkipper::Field;
-  explicit NameLister(std::vector<std::string>& names) : m_names(names) {}
-  void Field(const FieldInfo& f, bool&) override { m_names.emplace_back(f.name); }
-  void Field(const FieldInfo& f, BYTE&) override { m_names.emplace_back(f.name); }
-  void Field(const FieldInfo& f, WORD&) override { m_names.emplace_back(f.name); }
-  void Field(const FieldInfo& f, short&) override { m_names.emplace_back(f.name); }
-  void Field(const FieldInfo& f, DWORD&) override { m_names.emplace_back(f.name); }
-  void Field(const FieldInfo& f, LONG&) override { m_names.emplace_back(f.name); }
-  void Field(const FieldInfo& f, double&) override { m_names.emplace_back(f.name); }
-  void Field(const FieldInfo& f, CString&) override { m_names.emplace_back(f.name); }
-
- private:
-  std::vector<std::string>& m_names;
-};
+// Splits "Name/3" into the field and the entry (from 0; -1 when none).
+std::pair<std::string_view, int> SplitEntry(std::string_view field) {
+  const std::size_t slash = field.rfind('/');
+  if (slash == std::string_view::npos) return {field, -1};
+  const std::string_view number = field.substr(slash + 1);
+  int n = 0;
+  const auto [end, ec] = std::from_chars(number.data(), number.data() + number.size(), n);
+  if (number.empty() || ec != std::errc() || end != number.data() + number.size() || n < 1) {
+    return {field, -2};
+  }
+  return {field.substr(0, slash), n - 1};
+}
 
 }  // namespace
 
-std::vector<std::string> FieldNames(const CObject& rec) {
-  std::vector<std::string> names;
-  NameLister lister(names);
-  const_cast<CObject&>(rec).VisitFields(lister);  // the lister only reads
-  return names;
-}
-
-bool GetFieldText(const CObject& rec, std::string_view field, std::string& out, bool words) {
-  std::string text;
-  FieldTexter texter(field, &text, nullptr, words);
-  const_cast<CObject&>(rec).VisitFields(texter);  // reads only: no text to set is given
-  if (texter.Found()) out = std::move(text);
-  return texter.Found();
-}
-
-void SetFieldText(CObject& rec, std::string_view field, std::string_view text) {
-  FieldTexter texter(field, nullptr, &text, false);
-  rec.VisitFields(texter);
-  if (!texter.Found()) {
-    throw FieldTextError(std::string(rec.GetRuntimeClass()->m_lpszClassName) + " has no field " +
-                         std::string(field));
+std::vector<std::string> FieldNames(const CObject& record) {
+  std::vector<std::string> out;
+  for (std::string& n : TextFields(record)) {
+    if (!IsFixedField(record, n)) out.push_back(std::move(n));
   }
+  return out;
+}
+
+bool GetFieldText(const CObject& record, std::string_view field, std::string& out, bool words) {
+  const auto [name, entry] = SplitEntry(field);
+  if (entry < -1) return false;
+  const std::string matched = MatchField(record, name);
+  if (matched.empty()) return false;
+  FieldOp op(matched, entry, words);
+  const_cast<CObject&>(record).VisitFields(op);
+  if (!op.found) return false;
+  out = std::move(op.text);
+  return true;
+}
+
+void SetFieldText(CObject& record, std::string_view field, std::string_view text) {
+  const auto [name, entry] = SplitEntry(field);
+  if (entry < -1) throw FieldTextError(Shown(field) + " is not a field name or <field>/<entry>");
+  const std::string matched = MatchField(record, name);
+  if (matched.empty()) {
+    throw FieldTextError(std::string(record.GetClassName()) + " has no field " + Shown(name) +
+                         " with a value");
+  }
+  if (IsFixedField(record, matched)) {
+    throw FieldTextError(matched + " is fixed by the record's class (" + record.GetClassName() +
+                         ")");
+  }
+  FieldOp op(matched, entry, false);
+  op.setting = true;
+  op.text = std::string(text);
+  record.VisitFields(op);
 }
 
 }  // namespace persona

@@ -6,7 +6,6 @@
 
 #include "conventional/conv_set.h"
 #include "io/csv/set_csv.h"
-#include "io/field_text.h"
 #include "io/personality_file.h"
 #include "sample/sample_personality.h"
 #include "support/test_data.h"
@@ -71,25 +70,6 @@ TEST(CsvText, QuotesOnlyWhereNeededOrAsked) {
   style.crlf = false;
   AppendCsvRow({"a,b", "c;d"}, style, out);
   EXPECT_EQ(out, "\xEF\xBB\xBFplain,\"12\",\"a,b\",\" pad\",\"q\"\"\",\r\na,b;\"c;d\"\n");
-}
-
-TEST(FieldText, NumbersReadBackExactly) {
-  CConvChannel ch(1, 0);
-  std::string text;
-  SetFieldText(ch, "RxFreq", "154.445");
-  ASSERT_TRUE(GetFieldText(ch, "RxFreq", text));
-  EXPECT_EQ(text, "154.44500");
-  SetFieldText(ch, "RxFreq", "806,0250000000001");  // a decimal comma
-  ASSERT_TRUE(GetFieldText(ch, "RxFreq", text));
-  EXPECT_EQ(text, "806.0250000000001");
-  EXPECT_EQ(ch.GetRxFreq(), 806.0250000000001);
-  SetFieldText(ch, "Squelch", "0x0C");
-  ASSERT_TRUE(GetFieldText(ch, "Squelch", text));
-  EXPECT_EQ(text, "12");
-  EXPECT_THROW(SetFieldText(ch, "Squelch", "256"), FieldTextError);
-  EXPECT_THROW(SetFieldText(ch, "Squelch", "-1"), FieldTextError);
-  EXPECT_THROW(SetFieldText(ch, "RxFreq", "1.2.3"), FieldTextError);
-  EXPECT_THROW(SetFieldText(ch, "NoSuchField", "1"), FieldTextError);
 }
 
 class SetCsv : public ::testing::Test {
@@ -211,9 +191,10 @@ TEST_F(SetCsv, FaultsNameRowAndColumnAndChangeNothing) {
   EXPECT_EQ(ImportError("Name\nA,,x\n"),
             "edit.csv: row 2, column 3: a value beyond the last column of the header");
   EXPECT_EQ(test::Hex(StorePersonalityBytes(*p)), test::Hex(bytes));
-  // Characters of the code page come through.
-  Import("Name,TxCg\n\"FIRE 1\",\"Caf\xC3\xA9\"\n", true);
+  // Characters of the code page come through; a decimal comma is a decimal point.
+  Import("Name,TxCg,RxFreq\n\"FIRE 1\",\"Caf\xC3\xA9\",\"851,5\"\n", true);
   EXPECT_EQ(Channel(0)->GetTxCg(), CString("Caf\xE9"));
+  EXPECT_EQ(Channel(0)->GetRxFreq(), 851.5);
 }
 
 TEST_F(SetCsv, MakesMissingSetsAndMatchesNamelessElementsByPosition) {

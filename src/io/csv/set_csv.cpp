@@ -23,7 +23,8 @@ namespace {
 // One element row: its cells (field texts in the records' code page) and where it goes.
 struct Row {
   std::size_t number = 0;          // row number in the CSV
-  std::vector<std::string> cells;  // one per column
+  std::vector<std::string> cells;  // one per column, UTF-8
+  std::string name;                // the Name cell in the records' code page
   int existing = -1;               // the matched element's position, or -1
   std::unique_ptr<CObject> fresh;  // the new element (existing == -1)
 };
@@ -36,6 +37,15 @@ void ApplyRow(CObject& element, const Row& row, const Columns& columns, const st
     } catch (const FieldTextError& e) {
       throw CCsvException(source, row.number, c + 1, columns.fields[c] + ": " + e.what());
     }
+  }
+}
+
+// A decimal comma, as spreadsheets of many locales write numbers, becomes a decimal point.
+void DecimalPoint(std::string& cell) {
+  const std::size_t comma = cell.find(',');
+  if (comma != std::string::npos && cell.find_first_of(".,", comma + 1) == std::string::npos &&
+      cell.find('.') == std::string::npos) {
+    cell[comma] = '.';
   }
 }
 
@@ -79,9 +89,7 @@ bool Settle(const CObject& element, const CObject& edited, const Columns& column
 class Matcher {
  public:
   Matcher(const CSet* set, const Columns& columns)
-      : m_set(set),
-        m_named(columns.nameColumn != Columns::kNoName),
-        m_nameColumn(columns.nameColumn) {
+      : m_set(set), m_named(columns.nameColumn != Columns::kNoName) {
     if (set == nullptr || !m_named) return;
     for (int i = set->GetCount() - 1; i >= 0; --i) {
       if (CObject* e = set->GetAt(i)) m_byName[ElementName(*e)].push_back(i);
@@ -92,7 +100,7 @@ class Matcher {
     const int position = m_rows++;
     if (m_set == nullptr) return -1;
     if (!m_named) return position < m_set->GetCount() ? position : -1;
-    auto it = m_byName.find(row.cells[m_nameColumn]);
+    auto it = m_byName.find(row.name);
     if (it == m_byName.end() || it->second.empty()) return -1;
     const int found = it->second.back();
     it->second.pop_back();
@@ -102,7 +110,6 @@ class Matcher {
  private:
   const CSet* m_set;
   bool m_named;
-  std::size_t m_nameColumn;
   int m_rows = 0;
   std::unordered_map<std::string, std::vector<int>> m_byName;  // positions, last first
 };
@@ -117,7 +124,14 @@ std::vector<Row> ReadRows(CsvReader& reader, const Columns& columns, const CSet*
   while (reader.Next(cells)) {
     Row row;
     row.number = reader.Row();
-    row.cells = csv_detail::RowToCodePage(cells, columns.fields.size(), reader);
+    std::vector<std::string> bytes =
+        csv_detail::RowToCodePage(cells, columns.fields.size(), reader);
+    if (columns.nameColumn != Columns::kNoName) row.name = std::move(bytes[columns.nameColumn]);
+    cells.resize(columns.fields.size());
+    for (std::size_t c = 0; c < cells.size(); ++c) {
+      if (columns.kinds[c] == ValueKind::Double) DecimalPoint(cells[c]);
+    }
+    row.cells = cells;
     std::unique_ptr<CObject> scratch = NewElement(type, radio);
     ApplyRow(*scratch, row, columns, reader.Source());
     row.existing = matcher.Match(row);
@@ -200,7 +214,7 @@ void FindRemoved(CSet* set, const std::vector<Row>& rows, const Columns& columns
   std::unordered_set<std::string> rowNames;
   int last = -1;
   for (const Row& row : rows) {
-    if (columns.nameColumn != Columns::kNoName) rowNames.insert(row.cells[columns.nameColumn]);
+    if (columns.nameColumn != Columns::kNoName) rowNames.insert(row.name);
     if (row.existing < 0) continue;
     matched[static_cast<std::size_t>(row.existing)] = true;
     if (row.existing < last) result.reordered = true;
@@ -227,12 +241,10 @@ std::string ExportSetCsv(const CSet& set, const CsvExportOptions& options) {
   std::string out;
   AppendCsvRow(columns.fields, options.style, out);
   std::vector<std::string> cells(columns.fields.size());
-  std::string text;
   for (CObject* element : set.Elements()) {
     if (element == nullptr) continue;
     for (std::size_t c = 0; c < cells.size(); ++c) {
-      GetFieldText(*element, columns.fields[c], text, options.words);
-      cells[c] = Windows1252ToUtf8(text);
+      GetFieldText(*element, columns.fields[c], cells[c], options.words);
     }
     AppendCsvRow(cells, options.style, out, &quoted);
   }
