@@ -177,7 +177,7 @@ TEST_F(SetCsv, FaultsNameRowAndColumnAndChangeNothing) {
             "edit.csv: row 1, column 2: unknown column \"Colour\" (the columns are Name, TxFreq, "
             "RxFreq");
   EXPECT_EQ(ImportError("Name,Squelch\nA,1\nB,300\n"),
-            "edit.csv: row 3, column 2: Squelch: \"300\" is outside 0 to 255");
+            "edit.csv: row 3, column 2: Squelch: \"300\" does not fit: the field holds 0 to 255");
   EXPECT_EQ(ImportError("Name,name\n"), "edit.csv: row 1, column 2: the column Name appears twice");
   EXPECT_EQ(ImportError("RxFreq\n851\n"),
             "edit.csv: row 1, column 2: no Name column (rows are matched to the elements by name)");
