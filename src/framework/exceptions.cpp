@@ -16,9 +16,14 @@ std::string ArchiveMessage(CArchiveException::Cause cause, const std::string& fi
   return msg;
 }
 
-std::string FileMessage(const std::string& fileName, int osError, const std::string& action) {
+std::string FileMessage(const std::string& fileName, int osError, const std::string& action,
+                        const std::string& reason) {
   std::string msg = "cannot " + action + " " + (fileName.empty() ? "<unnamed file>" : fileName);
-  if (osError != 0) msg += ": " + std::string(std::strerror(osError));
+  if (!reason.empty()) {
+    msg += ": " + reason;
+  } else if (osError != 0) {
+    msg += ": " + std::string(std::strerror(osError));
+  }
   return msg;
 }
 
@@ -54,12 +59,18 @@ const char* CArchiveException::CauseName(Cause cause) {
   return "unknown";
 }
 
-CFileException::CFileException(Cause cause, std::string fileName, int osError,
-                               const std::string& action)
-    : CException(FileMessage(fileName, osError, action)),
+CFileException::CFileException(Cause cause, std::string fileName, int osError, std::string action,
+                               std::string reason)
+    : CException(FileMessage(fileName, osError, action, reason)),
       m_cause(cause),
       m_strFileName(std::move(fileName)),
-      m_lOsError(osError) {}
+      m_lOsError(osError),
+      m_action(std::move(action)),
+      m_reason(std::move(reason)) {}
+
+CFileException CFileException::WithFileName(const std::string& fileName) const {
+  return CFileException(m_cause, fileName, m_lOsError, m_action, m_reason);
+}
 
 CFileException CFileException::FromErrno(const std::string& fileName, int osError,
                                          const std::string& action) {
@@ -75,6 +86,7 @@ CFileException CFileException::FromErrno(const std::string& fileName, int osErro
       break;
     case ENOSPC:
     case EDQUOT:
+    case EFBIG:
       cause = diskFull;
       break;
     case ENAMETOOLONG:
@@ -89,7 +101,9 @@ CFileException CFileException::FromErrno(const std::string& fileName, int osErro
 }
 
 std::string CFileException::GetErrorMessage() const {
-  std::string text = m_lOsError != 0 ? std::strerror(m_lOsError) : "an unknown file error";
+  std::string text = m_lOsError != 0     ? std::strerror(m_lOsError)
+                     : !m_reason.empty() ? m_reason
+                                         : "an unknown file error";
   if (text.size() > 255) text.resize(255);
   return text;
 }

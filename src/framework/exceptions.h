@@ -65,8 +65,10 @@ class CFileException : public CException {
   enum Cause { none, genericException, fileNotFound, accessDenied, diskFull, endOfFile, badPath };
 
   // cause: classified from errno; fileName: the path; osError: errno (0 when none); action:
-  // what was being done ("open", "write", ...).
-  CFileException(Cause cause, std::string fileName, int osError, const std::string& action);
+  // what was being done ("open", "write", ...); reason: why, when the system's text for osError
+  // does not say it ("it is a folder, not a file").
+  CFileException(Cause cause, std::string fileName, int osError, std::string action,
+                 std::string reason = std::string());
 
   // Builds the failure for the current errno value.
   static CFileException FromErrno(const std::string& fileName, int osError,
@@ -78,6 +80,13 @@ class CFileException : public CException {
 
   // Returns the platform's text for the error (at most 255 characters), as shown to users.
   std::string GetErrorMessage() const;
+  // Returns the same failure about another file (the name a user gave for a file that a
+  // temporary one stood in for).
+  CFileException WithFileName(const std::string& fileName) const;
+
+ private:
+  std::string m_action;
+  std::string m_reason;
 };
 
 }  // namespace persona

@@ -7,6 +7,7 @@
 #include "framework/exceptions.h"
 
 #if defined(__unix__) || defined(__APPLE__)
+#include <sys/stat.h>
 #include <unistd.h>
 #define PERSONA_HAVE_FSYNC 1
 #endif
@@ -43,6 +44,15 @@ bool CFile::Open(const std::string& path, UINT openFlags, CFileException* error)
     if (error) *error = CFileException::FromErrno(path, errno, "open");
     return false;
   }
+#ifdef PERSONA_HAVE_FSYNC
+  // A folder opens for reading on some systems; it is no file to read or write.
+  struct stat st;
+  if (fstat(fileno(m_file), &st) == 0 && S_ISDIR(st.st_mode)) {
+    Abort();
+    if (error) *error = CFileException(CFileException::badPath, path, EISDIR, "open");
+    return false;
+  }
+#endif
   return true;
 }
 
@@ -78,6 +88,12 @@ ULONGLONG CFile::GetPosition() const {
 
 ULONGLONG CFile::GetLength() const {
   if (m_file == nullptr) return 0;
+#ifdef PERSONA_HAVE_FSYNC
+  struct stat st;
+  if (std::fflush(m_file) == 0 && fstat(fileno(m_file), &st) == 0 && S_ISREG(st.st_mode)) {
+    return static_cast<ULONGLONG>(st.st_size);
+  }
+#endif
   const off_t here = ftello(m_file);
   fseeko(m_file, 0, SEEK_END);
   const off_t size = ftello(m_file);

@@ -1,6 +1,7 @@
 // Whole-file load and atomic save of personalities.
 #include "io/personality_file.h"
 
+#include "core/set.h"
 #include "framework/archive.h"
 #include "framework/file_io.h"
 
@@ -23,7 +24,39 @@ LoadedPersonality LoadPersonalityBytes(const BYTE* data, std::size_t size,
 
 LoadedPersonality LoadPersonalityFile(const std::string& path) {
   const std::vector<BYTE> bytes = ReadWholeFile(path);
-  return LoadPersonalityBytes(bytes.data(), bytes.size(), path);
+  return LoadPersonalityBytes(bytes.data(), bytes.size(), FileDisplayName(path, false));
+}
+
+FileKind SniffFileKind(const BYTE* data, std::size_t size) {
+  std::size_t i = 0;
+  if (size >= 3 && data[0] == 0xEF && data[1] == 0xBB && data[2] == 0xBF) i = 3;
+  while (i < size && (data[i] == ' ' || data[i] == '\t' || data[i] == '\r' || data[i] == '\n')) {
+    ++i;
+  }
+  if (i < size && (data[i] == '{' || data[i] == '[')) return FileKind::Json;
+  // An archive starts with a new-class tag: FFFF, schema, name length, name.
+  if (size < 6 || data[0] != 0xFF || data[1] != 0xFF) return FileKind::Unknown;
+  const std::size_t length = data[4] | (data[5] << 8);
+  if (length == 0 || length > 64 || size < 6 + length) return FileKind::Unknown;
+  const std::string name(reinterpret_cast<const char*>(data + 6), length);
+  const CRuntimeClass* cls = CRuntimeClass::FromName(name.c_str());
+  if (cls == nullptr) return FileKind::Unknown;
+  if (cls == RUNTIME_CLASS(CPersonality)) return FileKind::Personality;
+  return cls->IsDerivedFrom(RUNTIME_CLASS(CSet)) ? FileKind::SetFile : FileKind::Unknown;
+}
+
+const char* FileKindName(FileKind kind) {
+  switch (kind) {
+    case FileKind::Personality:
+      return "a personality file";
+    case FileKind::SetFile:
+      return "a global set file";
+    case FileKind::Json:
+      return "a JSON document";
+    case FileKind::Unknown:
+      break;
+  }
+  return "a file of unknown kind";
 }
 
 std::vector<BYTE> StorePersonalityBytes(const CPersonality& personality) {

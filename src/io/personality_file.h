@@ -33,17 +33,34 @@ struct LoadedPersonality {
 // CArchive::kMaxObjectDepth are refused, and so is any record of a class its place does not
 // expect (badClass).
 LoadedPersonality LoadPersonalityBytes(const BYTE* data, std::size_t size, const std::string& name);
-// Reads the file at path in one piece and loads it. Throws CFileException when the file cannot
-// be read and CArchiveException when it is damaged.
+// Reads the file at path in one piece (standard input for "-") and loads it. Throws
+// CFileException when the file cannot be read (a folder, a device, a FIFO, more than
+// kMaxFileSize bytes: the message says which) and CArchiveException when it is damaged.
 LoadedPersonality LoadPersonalityFile(const std::string& path);
+
+// What a file holds, as far as its first bytes tell.
+enum class FileKind {
+  Personality,  // an archive whose first record is a personality
+  SetFile,      // an archive whose first record is a set (a global set file)
+  Json,         // a JSON object or array (an exported personality, for one)
+  Unknown,      // anything else: empty, damaged, or another program's file
+};
+
+// Returns the kind of the file whose bytes are data[0, size); reads only the first record's
+// class name (or the first non-blank byte). Never throws.
+FileKind SniffFileKind(const BYTE* data, std::size_t size);
+// Returns the kind in words for messages: "a personality file", "a global set file",
+// "a JSON document", "a file of unknown kind".
+const char* FileKindName(FileKind kind);
 
 // The bytes of the personality file of personality.
 std::vector<BYTE> StorePersonalityBytes(const CPersonality& personality);
-// Writes the personality file atomically (a temporary file in the same folder, flushed to
-// disk and renamed over path); with keepBackup the file being replaced is kept as
-// "<path>.bak". Throws CFileException naming the file and the system's reason when any step
-// fails (disk full, size limit, permissions); the file at path is then byte for byte what it
-// was and no temporary file is left.
+// Writes the personality file atomically as WriteFileAtomically does (a temporary file in the
+// target's folder, flushed to disk and renamed over it; links followed, mode kept, "-" for
+// standard output); with keepBackup the file being replaced is kept as "<file>.bak". Throws
+// CFileException naming the file and the system's reason when any step fails (disk full, size
+// limit, permissions); the file at path is then byte for byte what it was and no temporary file is
+// left.
 void SavePersonalityFile(const std::string& path, const CPersonality& personality,
                          bool keepBackup = false);
 

@@ -3,11 +3,18 @@
 #include <gtest/gtest.h>
 
 #include <dirent.h>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
-
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "framework/exceptions.h"
@@ -100,14 +107,163 @@ TEST(FileIo, AFailedWriteLeavesTheOriginalUntouched) {
   }
 }
 
-TEST(FileIo, UnreadableAndUnwritablePathsRaiseFileFailures) {
-  EXPECT_THROW(ReadWholeFile("/nonexistent/demo.pers"), CFileException);
+// The message of the CFileException that f raises ("" when it raises none).
+template <class F>
+std::string FailureOf(F f) {
   try {
-    WriteFileAtomically("/nonexistent/folder/demo.pers", {1});
-    FAIL();
+    f();
   } catch (const CFileException& e) {
-    EXPECT_NE(std::string(e.what()).find("/nonexistent/folder/demo.pers"), std::string::npos);
+    return e.what();
   }
+  return "";
+}
+
+mode_t ModeOf(const std::string& path) {
+  struct stat st {};
+  lstat(path.c_str(), &st);
+  return st.st_mode;
+}
+
+TEST(FileIo, WhatIsNotAFileIsRefusedAsAnInputWithWhatItIs) {
+  const std::string dir = FreshDir("inputs");
+  ASSERT_EQ(mkfifo((dir + "/fifo").c_str(), 0600), 0);
+  const int sock = socket(AF_UNIX, SOCK_STREAM, 0);
+  sockaddr_un addr{};
+  addr.sun_family = AF_UNIX;
+  const std::string sockPath = dir + "/sock";
+  ASSERT_LT(sockPath.size(), sizeof addr.sun_path);
+  sockPath.copy(addr.sun_path, sockPath.size());
+  ASSERT_EQ(bind(sock, reinterpret_cast<sockaddr*>(&addr), sizeof addr), 0);
+  EXPECT_EQ(FailureOf([&] { ReadWholeFile(dir); }),
+            "cannot read " + dir + ": it is a folder, not a file");
+  EXPECT_EQ(FailureOf([&] { ReadWholeFile(dir + "/fifo"); }),
+            "cannot read " + dir + "/fifo: it is a FIFO (named pipe), not a file");
+  EXPECT_EQ(FailureOf([&] { ReadWholeFile(sockPath); }),
+            "cannot read " + sockPath + ": it is a socket, not a file");
+  EXPECT_EQ(FailureOf([] { ReadWholeFile("/dev/zero"); }),
+            "cannot read /dev/zero: it is a character device, not a file");
+  close(sock);
+  // A sparse file past the limit is refused by its size, before anything is allocated.
+  const std::string big = dir + "/big.pers";
+  WriteFileAtomically(big, {1});
+  ASSERT_EQ(truncate(big.c_str(), (2LL << 30) + 5), 0);
+  EXPECT_EQ(FailureOf([&] { ReadWholeFile(big); }),
+            "cannot read " + big +
+                ": it is 2147483653 bytes, more than the limit of 1073741824 bytes (1 GiB)");
+  // A link is read through; a missing file names itself.
+  ASSERT_EQ(truncate(big.c_str(), 3), 0);
+  ASSERT_EQ(symlink("big.pers", (dir + "/link").c_str()), 0);
+  EXPECT_EQ(ReadWholeFile(dir + "/link"), (std::vector<BYTE>{1, 0, 0}));
+  EXPECT_EQ(FailureOf([] { ReadWholeFile("/nonexistent/demo.pers"); }),
+            "cannot open /nonexistent/demo.pers: No such file or directory");
+}
+
+TEST(FileIo, ALinkIsFollowedAndTheReplacedFileKeepsItsMode) {
+  const std::string dir = FreshDir("links");
+  const std::string real = dir + "/real.pers";
+  WriteFileAtomically(real, {1, 2});
+  ASSERT_EQ(chmod(real.c_str(), 0600), 0);
+  ASSERT_EQ(symlink("real.pers", (dir + "/link.pers").c_str()), 0);
+  AtomicWriteOptions backup;
+  backup.keepBackup = true;
+  WriteFileAtomically(dir + "/link.pers", {3}, backup);
+  EXPECT_TRUE(S_ISLNK(ModeOf(dir + "/link.pers")));
+  EXPECT_EQ(ModeOf(real) & 07777, 0600u);
+  if (geteuid() == 0) {  // only root may give a file away; the owner then stays too
+    ASSERT_EQ(chown(real.c_str(), 4321, 4322), 0);
+    WriteFileAtomically(dir + "/link.pers", {3});
+    struct stat st {};
+    stat(real.c_str(), &st);
+    EXPECT_EQ(st.st_uid, 4321u);
+    EXPECT_EQ(st.st_gid, 4322u);
+  }
+  EXPECT_EQ(ReadWholeFile(real), std::vector<BYTE>{3});
+  EXPECT_EQ(ReadWholeFile(real + ".bak"), (std::vector<BYTE>{1, 2}));
+  // A link to a file not yet there makes the file; the link stays.
+  ASSERT_EQ(symlink("later.pers", (dir + "/dangling").c_str()), 0);
+  WriteFileAtomically(dir + "/dangling", {4});
+  EXPECT_TRUE(S_ISLNK(ModeOf(dir + "/dangling")));
+  EXPECT_EQ(ReadWholeFile(dir + "/later.pers"), std::vector<BYTE>{4});
+  // A name as long as a folder entry may be still gets a temporary name that fits.
+  const std::string longName = dir + "/" + std::string(250, 'n') + ".pers";
+  WriteFileAtomically(longName, {5});
+  EXPECT_EQ(Entries(dir), (std::vector<std::string>{"dangling", "later.pers", "link.pers",
+                                                    std::string(250, 'n') + ".pers", "real.pers",
+                                                    "real.pers.bak"}));
+}
+
+TEST(FileIo, DevicesAndFifosAreWrittenInPlaceFoldersRefused) {
+  const std::string dir = FreshDir("devices");
+  WriteFileAtomically("/dev/null", {1, 2, 3});
+  EXPECT_TRUE(S_ISCHR(ModeOf("/dev/null")));
+  if (access("/dev/full", W_OK) == 0) {
+    EXPECT_EQ(FailureOf([] { WriteFileAtomically("/dev/full", {1}); }),
+              "cannot write /dev/full: No space left on device");
+    EXPECT_TRUE(S_ISCHR(ModeOf("/dev/full")));
+  }
+  const std::string fifo = dir + "/fifo";
+  ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+  EXPECT_EQ(FailureOf([&] { WriteFileAtomically(fifo, {1}); }),
+            "cannot write " + fifo + ": it is a FIFO (named pipe) that nothing reads");
+  std::vector<BYTE> received;
+  const int reader = open(fifo.c_str(), O_RDONLY | O_NONBLOCK);
+  ASSERT_GE(reader, 0);
+  WriteFileAtomically(fifo, {7, 8});
+  BYTE buffer[8];
+  EXPECT_EQ(read(reader, buffer, sizeof buffer), 2);
+  close(reader);
+  EXPECT_TRUE(S_ISFIFO(ModeOf(fifo)));
+  ASSERT_EQ(mkdir((dir + "/d").c_str(), 0700), 0);
+  EXPECT_EQ(FailureOf([&] {
+              WriteFileAtomically(dir + "/d", {1}, {true, nullptr});
+            }),
+            "cannot write " + dir + "/d: it is a folder, not a file");
+  EXPECT_EQ(FailureOf([] { WriteFileAtomically("/nonexistent/folder/demo.pers", {1}); }),
+            "cannot write /nonexistent/folder/demo.pers: the folder /nonexistent/folder does not "
+            "exist");
+  EXPECT_EQ(Entries(dir), (std::vector<std::string>{"d", "fifo"}));
+}
+
+TEST(FileIo, AFileSizeLimitFailsTheWriteWithoutEndingTheProcess) {
+  const std::string dir = FreshDir("limit");
+  const std::string path = dir + "/demo.pers";
+  WriteFileAtomically(path, {9});
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    const rlimit limit{4096, 4096};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const std::string message = FailureOf([&] {
+      WriteFileAtomically(path, std::vector<BYTE>(100000, 1), {true, nullptr});
+    });
+    _exit(message == "cannot write " + path + ": File too large" ? 0 : 1);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  ASSERT_TRUE(WIFEXITED(status)) << "signal " << WTERMSIG(status);
+  EXPECT_EQ(WEXITSTATUS(status), 0);
+  EXPECT_EQ(ReadWholeFile(path), std::vector<BYTE>{9});
+  EXPECT_EQ(Entries(dir), std::vector<std::string>{"demo.pers"});
+}
+
+TEST(FileIo, TwoWritersAtOnceBothSucceedWithBackups) {
+  const std::string dir = FreshDir("concurrent");
+  const std::string path = dir + "/out.pers";
+  WriteFileAtomically(path, {0});
+  std::string failures;
+  for (int round = 0; round < 50; ++round) {
+    std::string first;
+    std::string second;
+    std::thread a([&] {
+      first = FailureOf([&] { WriteFileAtomically(path, {1}, {true, nullptr}); });
+    });
+    second = FailureOf([&] { WriteFileAtomically(path, {2, 2}, {true, nullptr}); });
+    a.join();
+    failures += first + second;
+  }
+  EXPECT_EQ(failures, "");
+  EXPECT_EQ(Entries(dir), (std::vector<std::string>{"out.pers", "out.pers.bak"}));
+  EXPECT_LE(ReadWholeFile(path).size(), 2u);
 }
 
 }  // namespace

@@ -41,10 +41,13 @@ case "$case_name" in
     expect_rc 0 "$persona" report "$sample" -o report.txt
     same_file report.txt "$expected/sample_report.txt"
     [[ -s out.txt ]] && fail "report -o also wrote to stdout"
-    # Writing over an existing report keeps the previous one.
+    # Writing over an existing report keeps the previous one only when asked.
     echo old >report.txt
     expect_rc 0 "$persona" report "$sample" -o report.txt
     same_file report.txt "$expected/sample_report.txt"
+    [[ -e report.txt.bak ]] && fail "a report kept a backup unasked"
+    echo old >report.txt
+    expect_rc 0 "$persona" report "$sample" -o report.txt --backup
     [[ "$(cat report.txt.bak)" == old ]] || fail "report.txt.bak is not the previous file"
     ;;
   json)
@@ -207,6 +210,71 @@ case "$case_name" in
       same_file locked/keep.pers "$sample"
     fi
     chmod u+w locked
+    ;;
+  files)
+    # "-" is standard input and standard output.
+    expect_rc 0 "$persona" info "$sample"
+    mv out.txt info.txt
+    "$persona" info - <"$sample" >out.txt 2>err.txt || fail "info - failed: $(cat err.txt)"
+    same_file out.txt info.txt
+    cat "$sample" | "$persona" export - -o - >sample.json || fail "export - -o - failed"
+    "$persona" import - -o - <sample.json >back.pers || fail "import - -o - failed"
+    same_file back.pers "$sample"
+    "$persona" merge "$sample" "$sample" -o - >merged.pers 2>err.txt || fail "merge -o - failed"
+    contains err.txt "name clash(es)"
+    expect_rc 64 "$persona" diff - - <"$sample"
+    contains err.txt "standard input (-) can be given only once"
+    # Folders, FIFOs and the wrong kind of file are refused with what they are.
+    mkdir d && mkfifo fifo
+    expect_rc 2 timeout 10 "$persona" info d
+    contains err.txt "persona: error: cannot read d: it is a folder, not a file"
+    expect_rc 2 timeout 10 "$persona" import fifo -o x.pers
+    contains err.txt "cannot read fifo: it is a FIFO (named pipe), not a file; give - to read"
+    expect_rc 3 "$persona" import sample.json -o d
+    contains err.txt "cannot write d: it is a folder, not a file"
+    expect_rc 2 "$persona" info sample.json
+    contains err.txt "sample.json: this is a JSON document; use persona import"
+    expect_rc 2 "$persona" import "$sample" -o x.pers
+    contains err.txt "this is a personality file, not a JSON document"
+    expect_rc 0 "$persona" set export "$sample" --kind conv --name metro --dir sets
+    expect_rc 2 "$persona" prune sets/METRO.CVS --dry-run
+    contains err.txt "sets/METRO.CVS: this is a global set file, not a personality"
+    expect_rc 3 "$persona" import sample.json -o missing/x.pers
+    contains err.txt "cannot write missing/x.pers: the folder missing does not exist"
+    [[ -e x.pers ]] && fail "a refused command wrote x.pers"
+    # Devices are written in place; a link's target is replaced with its mode kept.
+    expect_rc 0 "$persona" export "$sample" -o /dev/null
+    if [[ -w /dev/full ]]; then
+      expect_rc 3 "$persona" export "$sample" -o /dev/full
+      contains err.txt "cannot write /dev/full: No space left on device"
+      [[ -c /dev/full ]] || fail "/dev/full is no longer a device"
+    fi
+    cp "$sample" real.pers && chmod 600 real.pers && ln -s real.pers link.pers
+    expect_rc 0 "$persona" new --radio-type 68 -o link.pers
+    [[ -L link.pers ]] || fail "link.pers is no longer a link"
+    [[ $(stat -c %a real.pers) == 600 ]] || fail "real.pers mode $(stat -c %a real.pers)"
+    same_file real.pers.bak "$sample"
+    expect_rc 0 "$persona" new --radio-type 68 -o fresh.pers
+    expect_rc 0 "$persona" new --radio-type 68 -o fresh.pers --no-backup
+    [[ -e fresh.pers.bak ]] && fail "--no-backup kept a backup"
+    # A file size limit is a clean failure: exit 3, a message, the old file, no temporary file.
+    echo old >limited.json
+    (ulimit -f 8 && exec "$persona" export "$sample" -o limited.json) >out.txt 2>err.txt
+    rc=$?
+    [[ $rc -eq 3 ]] || fail "export under ulimit -f: exit $rc, expected 3"
+    contains err.txt "cannot write limited.json: File too large"
+    [[ "$(cat limited.json)" == old ]] || fail "limited.json was damaged"
+    # Two saves to the same file at once both succeed, fifty times over.
+    bad=0
+    for round in $(seq 50); do
+      "$persona" import sample.json -o twice.pers 2>>race.txt &
+      "$persona" import sample.json -o twice.pers 2>>race.txt || bad=$((bad + 1))
+      wait $! || bad=$((bad + 1))
+    done
+    [[ $bad -eq 0 ]] || fail "$bad concurrent saves failed: $(head -3 race.txt)"
+    same_file twice.pers "$sample"
+    leftovers=$(ls -A | grep '^\.persona-')
+    [[ -z "$leftovers" ]] || fail "temporary files left: $leftovers"
     ;;
   *)
     fail "unknown case $case_name"

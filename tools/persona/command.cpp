@@ -1,8 +1,12 @@
 // The shared steps of the persona commands: loading inputs, writing outputs atomically.
 #include "command.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
 #include <cstdio>
-#include <filesystem>
+#include <cstring>
 
 #include "framework/exceptions.h"
 #include "framework/file_io.h"
@@ -19,12 +23,77 @@ CLI::App* Context::Group(const std::string& name, const std::string& description
   return group;
 }
 
-LoadedPersonality LoadInput(const std::string& path) {
+namespace {
+
+// What the command has done with the standard streams so far.
+struct StreamUse {
+  bool inputRead = false;
+  bool personalityToOutput = false;
+};
+StreamUse& Streams() {
+  static StreamUse use;
+  return use;
+}
+
+}  // namespace
+
+OutputPolicy& Outputs() {
+  static OutputPolicy policy;
+  return policy;
+}
+
+void AddBackupFlags(CLI::App* command) {
+  CLI::Option* none =
+      command->add_flag("--no-backup", Outputs().noBackup,
+                        "Do not keep a replaced personality or set file as FILE.bak");
+  CLI::Option* text = command->add_flag("--backup", Outputs().textBackup,
+                                        "Keep a replaced report, JSON or CSV file as FILE.bak");
+  none->excludes(text);
+}
+
+void AddOutputFlags(CLI::App& app) {
+  for (CLI::App* sub : app.get_subcommands({})) {
+    if (sub->get_option_no_throw("--output") != nullptr &&
+        sub->get_option_no_throw("--no-backup") == nullptr) {
+      AddBackupFlags(sub);
+    }
+    AddOutputFlags(*sub);
+  }
+}
+
+std::vector<BYTE> ReadInput(const std::string& path) {
+  if (path == kStandardStreamName) {
+    if (Streams().inputRead) throw UsageError("standard input (-) can be given only once");
+    Streams().inputRead = true;
+  }
   try {
-    LoadedPersonality loaded = LoadPersonalityFile(path);
+    return ReadWholeFile(path);
+  } catch (const CException& e) {
+    struct stat st;
+    const bool pipe = ::stat(path.c_str(), &st) == 0 && S_ISFIFO(st.st_mode);
+    throw InputError(e.what() + std::string(pipe ? "; give - to read standard input" : ""));
+  }
+}
+
+LoadedPersonality LoadInput(const std::string& path) {
+  const std::vector<BYTE> bytes = ReadInput(path);
+  const std::string name = FileDisplayName(path, false);
+  const FileKind kind = SniffFileKind(bytes.data(), bytes.size());
+  if (kind == FileKind::Json) {
+    throw InputError(name +
+                     ": this is a JSON document; use persona import to make a "
+                     "personality file of it");
+  }
+  if (kind == FileKind::SetFile) {
+    throw InputError(name +
+                     ": this is a global set file, not a personality; its set is read "
+                     "into a personality by persona set refresh");
+  }
+  try {
+    LoadedPersonality loaded = LoadPersonalityBytes(bytes.data(), bytes.size(), name);
     if (loaded.trailingBytes != 0) {
       std::fprintf(stderr, "persona: warning: %s: %zu bytes after the personality were not read\n",
-                   path.c_str(), loaded.trailingBytes);
+                   name.c_str(), loaded.trailingBytes);
     }
     return loaded;
   } catch (const CException& e) {
@@ -33,44 +102,56 @@ LoadedPersonality LoadInput(const std::string& path) {
 }
 
 std::unique_ptr<CPersonality> LoadJsonInput(const std::string& path) {
+  const std::vector<BYTE> bytes = ReadInput(path);
+  const std::string name = FileDisplayName(path, false);
+  const FileKind kind = SniffFileKind(bytes.data(), bytes.size());
+  if (kind == FileKind::Personality) {
+    throw InputError(name +
+                     ": this is a personality file, not a JSON document; use persona "
+                     "export to make its JSON document");
+  }
+  if (kind == FileKind::SetFile) {
+    throw InputError(name + ": this is a global set file, not a JSON document");
+  }
   try {
-    const std::vector<BYTE> bytes = ReadWholeFile(path);
     const Json doc = Json::parse(bytes.begin(), bytes.end());
-    return ImportPersonalityJson(doc, path);
+    return ImportPersonalityJson(doc, name);
   } catch (const Json::exception& e) {
-    throw InputError(path + ": not JSON: " + e.what());
+    throw InputError(name + ": not JSON: " + e.what());
   } catch (const CException& e) {
     throw InputError(e.what());
   }
 }
 
-namespace {
-
-bool Exists(const std::string& path) {
-  std::error_code ec;
-  return std::filesystem::exists(path, ec);
-}
-
-}  // namespace
-
 void SaveOutput(const std::string& path, const CPersonality& personality) {
+  if (path == kStandardStreamName) {
+    if (::isatty(STDOUT_FILENO)) {
+      throw UsageError(
+          "a personality file is not written to a terminal; redirect standard "
+          "output or give -o FILE");
+    }
+    Streams().personalityToOutput = true;
+  }
   try {
-    SavePersonalityFile(path, personality, Exists(path));
+    SavePersonalityFile(path, personality, !Outputs().noBackup);
   } catch (const CException& e) {
     throw OutputError(e.what());
   }
 }
 
 void WriteText(const std::string& path, const std::string& text) {
-  if (path.empty() || path == "-") {
-    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout)) {
-      throw OutputError("standard output: write failed");
+  if (path.empty() || path == kStandardStreamName) {
+    std::FILE* out = Streams().personalityToOutput ? stderr : stdout;
+    if (std::fwrite(text.data(), 1, text.size(), out) != text.size() || std::fflush(out)) {
+      throw OutputError(std::string("cannot write ") +
+                        (out == stdout ? "standard output: " : "standard error: ") +
+                        std::strerror(errno));
     }
     return;
   }
   try {
     AtomicWriteOptions options;
-    options.keepBackup = Exists(path);
+    options.keepBackup = Outputs().textBackup;
     WriteFileAtomically(path, std::vector<BYTE>(text.begin(), text.end()), options);
   } catch (const CException& e) {
     throw OutputError(e.what());

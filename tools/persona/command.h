@@ -8,6 +8,7 @@
 #include <CLI/CLI.hpp>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "framework/collections.h"
 #include "io/json/record_json.h"
@@ -48,16 +49,37 @@ class Context {
   CLI::App& m_app;
 };
 
-// Loads the personality file at path (InputError with the library's message on failure). A
-// file with unread bytes after the personality loads, with a warning on standard error.
+// How outputs are written, set once from the command line (--no-backup, --backup).
+struct OutputPolicy {
+  bool noBackup = false;    // personality and set files: do not keep FILE.bak
+  bool textBackup = false;  // reports, JSON, CSV: keep FILE.bak too
+};
+OutputPolicy& Outputs();
+// Adds --no-backup and --backup to every command under app that has an -o/--output option;
+// main calls it once every command is registered. A command that writes without -o calls
+// AddBackupFlags on itself.
+void AddOutputFlags(CLI::App& app);
+void AddBackupFlags(CLI::App* command);
+
+// Returns every byte of the input at path ("-": standard input, which can be read once).
+// InputError with the library's message when it cannot be read (a folder, device, FIFO or
+// socket, more than 1 GiB, no permission, ...).
+std::vector<BYTE> ReadInput(const std::string& path);
+// Loads the personality file at path ("-": standard input). A JSON document or a global set
+// file is refused with what it is and what to do instead; a damaged file with the library's
+// message (InputError). A file with unread bytes after the personality loads, with a warning
+// on standard error.
 LoadedPersonality LoadInput(const std::string& path);
-// Loads a personality JSON document (InputError on failure).
+// Loads a personality JSON document ("-": standard input); a personality file or a global set
+// file is refused with what it is (InputError on failure).
 std::unique_ptr<CPersonality> LoadJsonInput(const std::string& path);
-// Writes the personality file atomically; an existing file at path is kept as path.bak
-// (OutputError on failure).
+// Writes the personality file atomically, keeping a replaced file as FILE.bak unless
+// --no-backup; "-" writes standard output (refused when it is a terminal). OutputError on
+// failure, naming path.
 void SaveOutput(const std::string& path, const CPersonality& personality);
-// Writes text to path atomically (an existing file kept as path.bak), or to standard output
-// when path is empty or "-" (OutputError on failure).
+// Writes text to path atomically (a replaced file kept as FILE.bak only with --backup), or to
+// standard output when path is empty or "-"; when a personality went to standard output, text
+// for standard output goes to standard error instead (OutputError on failure).
 void WriteText(const std::string& path, const std::string& text);
 // The lines joined, each ending in '\n'.
 std::string JoinLines(const CStringArray& lines);

@@ -28,7 +28,11 @@ const char* const kFooter = R"(Exit codes:
   2   an input file cannot be read or is damaged (the message names the file and byte offset)
   3   an output file cannot be written (the file that was there is left intact)
   64  the command line is wrong
-Every file is written atomically; a file that is replaced is kept as FILE.bak.)";
+Files: "-" reads standard input or writes standard output. Every file is written
+atomically: a symbolic link is followed and its target replaced, with its mode (and owner,
+where allowed) kept; a FIFO or character device is written directly, never replaced; a
+folder or socket is refused. A replaced personality or set file is kept as FILE.bak (not
+with --no-backup); a replaced report, JSON or CSV file only with --backup.)";
 
 int Fail(int code, const char* what) {
   std::fprintf(stderr, "persona: error: %s\n", what);
@@ -43,6 +47,7 @@ int main(int argc, char** argv) {
   app.require_subcommand(1);
   Context context(app);
   for (auto* registerCommand : kCommands) registerCommand(context);
+  persona::cli::AddOutputFlags(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {
