@@ -3,7 +3,6 @@
 
 #include "command.h"
 #include "framework/codepage.h"
-#include "framework/file_io.h"
 #include "io/csv/set_csv.h"
 #include "report/personality_ops.h"
 
@@ -112,7 +111,7 @@ void RegisterCsvImport(CLI::App* group, Context& context) {
   cmd->add_option("FILE", args->file, "Personality file")->required();
   cmd->add_option("KIND", args->kind, "Set kind")->required();
   cmd->add_option("SET", args->name, "Set name")->required();
-  cmd->add_option("CSV", args->input, "CSV file")->required();
+  cmd->add_option("CSV", args->input, "CSV file (- for standard input)")->required();
   auto* out = cmd->add_option("-o,--output", args->output, "Personality file to write");
   auto* inPlace = cmd->add_flag("--in-place", args->inPlace, "Write FILE itself (FILE.bak kept)");
   auto* dryRun =
@@ -131,10 +130,9 @@ void RegisterCsvImport(CLI::App* group, Context& context) {
     options.force = args->force;
     options.source = args->input;
     LoadedPersonality loaded = LoadInput(args->file);
-    std::vector<BYTE> bytes;
+    const std::vector<BYTE> bytes = ReadInput(args->input);
     CsvImportResult result;
     try {
-      bytes = ReadWholeFile(args->input);
       result = ImportSetCsv(
           *loaded.personality, type, args->name,
           std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()), options);
