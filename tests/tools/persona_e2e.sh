@@ -86,9 +86,21 @@ case "$case_name" in
     expect_rc 0 "$persona_sample" --channels 47 -o smaller.pers
     expect_rc 1 "$persona" diff "$sample" smaller.pers
     [[ $(wc -l <out.txt) -eq 1 ]] || fail "expected one difference: $(cat out.txt)"
-    contains out.txt 'removed ConvSets/SOUTH/Elements/15: {"$class":"CConvChannel","Name":"MUTL 2"'
+    contains out.txt 'removed sets/conv/SOUTH/MUTL 2: {"$class":"CConvChannel","Name":"MUTL 2"'
     expect_rc 1 "$persona" diff smaller.pers "$sample"
-    contains out.txt 'added ConvSets/SOUTH/Elements/15: {"$class":"CConvChannel","Name":"MUTL 2"'
+    contains out.txt 'added sets/conv/SOUTH/MUTL 2: {"$class":"CConvChannel","Name":"MUTL 2"'
+    # A set that changed only its name is a rename; --stat counts records per kind.
+    expect_rc 0 "$persona" rename "$sample" --set conv metro DOWNTOWN -o renamed.pers
+    expect_rc 1 "$persona" diff "$sample" renamed.pers
+    [[ "$(cat out.txt)" == 'changed systems/CNV METRO/ConvSetName: "METRO" -> "DOWNTOWN"
+renamed sets/conv/METRO: "METRO" -> "DOWNTOWN"' ]] || fail "diff of a rename: $(cat out.txt)"
+    expect_rc 1 "$persona" diff "$sample" renamed.pers --stat
+    [[ "$(cat out.txt)" == 'systems: 1 changed
+conv sets: 1 renamed
+2 record(s) differ: 1 changed, 1 renamed' ]] || fail "diff --stat of a rename: $(cat out.txt)"
+    expect_rc 1 "$persona" diff "$sample" smaller.pers --stat --json
+    contains out.txt '"group": "conv elements",'
+    contains out.txt '"removed": 1,'
     ;;
   merge)
     # A new personality (no systems, no sets) merged with the sample: only the option
@@ -168,7 +180,7 @@ case "$case_name" in
     expect_rc 0 "$persona" rename "$sample" --set conv metro DOWNTOWN -o renamed.pers
     contains out.txt "renamed conv set metro to DOWNTOWN"
     expect_rc 1 "$persona" diff "$sample" renamed.pers
-    contains out.txt 'changed Systems/CNV METRO/ConvSetName: "METRO" -> "DOWNTOWN"'
+    contains out.txt 'changed systems/CNV METRO/ConvSetName: "METRO" -> "DOWNTOWN"'
     expect_rc 0 "$persona" check renamed.pers
     contains out.txt "0 error(s)"
     expect_rc 64 "$persona" rename "$sample" --system NOSUCH OTHER -o never.pers
@@ -184,8 +196,8 @@ case "$case_name" in
     expect_rc 0 "$persona" set refresh global.pers --dir sets -o refreshed.pers
     contains out.txt "Global Conv set METRO not found, using local copy"
     expect_rc 1 "$persona" diff global.pers refreshed.pers
-    contains out.txt 'removed ConvSets/SOUTH/Elements/15: {"$class":"CConvChannel","Name":"MUTL 2"'
-    contains out.txt 'changed ConvSets/METRO/Scope: 1 -> 0'
+    contains out.txt 'removed sets/conv/SOUTH/MUTL 2: {"$class":"CConvChannel","Name":"MUTL 2"'
+    contains out.txt 'changed sets/conv/METRO/Scope: 1 -> 0'
     ;;
   exit_codes)
     expect_rc 64 "$persona"
