@@ -2,6 +2,7 @@
 #include "io/json/record_diff.h"
 
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <deque>
@@ -304,11 +305,11 @@ class Differ {
 
   std::size_t Run(CObject& a, CObject& b) {
     std::string rootLabel;
-    m_group = "records";
-    if (a.IsKindOf(RUNTIME_CLASS(CPersonality))) m_group = "header";
+    m_rootGroup = "records";
+    if (a.IsKindOf(RUNTIME_CLASS(CPersonality))) m_rootGroup = "header";
     if (a.IsKindOf(RUNTIME_CLASS(CSet))) {
       m_setKind = SetListPathName(static_cast<CSet&>(a).GetSetType());
-      m_group = m_setKind + " sets";
+      m_rootGroup = m_setKind + " sets";
       rootLabel = "sets/" + m_setKind + "/" + static_cast<CSet&>(a).GetName().str();
     }
     for (Side& side : m_sides) {
@@ -333,7 +334,38 @@ class Differ {
     return m_fields[2 * depth + static_cast<std::size_t>(side)];
   }
 
+  // Where the fields of a class lie within its objects, learnt from its first object: every
+  // object of a class lists the same members. Null when a field lies outside the object (then
+  // each object is visited).
+  const std::vector<FieldRef>* LayoutOf(CObject& rec) {
+    const CRuntimeClass* cls = rec.GetRuntimeClass();
+    auto [it, added] = m_layouts.try_emplace(cls);
+    Layout& layout = it->second;
+    if (added) {
+      Collect(rec, layout.fields);
+      const auto* base = reinterpret_cast<const char*>(&rec);
+      layout.byOffset = cls->m_nObjectSize > 0;
+      for (FieldRef& f : layout.fields) {
+        const auto* at = static_cast<const char*>(f.p);
+        layout.byOffset = layout.byOffset && at >= base && at < base + cls->m_nObjectSize;
+        f.p = reinterpret_cast<void*>(at - base);
+      }
+    }
+    return layout.byOffset ? &layout.fields : nullptr;
+  }
+  static FieldRef At(const FieldRef& f, CObject& rec) {
+    FieldRef placed = f;
+    placed.p = reinterpret_cast<char*>(&rec) + reinterpret_cast<std::uintptr_t>(f.p);
+    return placed;
+  }
+
   void Record(CObject& a, CObject& b, std::size_t depth) {
+    if (a.GetRuntimeClass() == b.GetRuntimeClass()) {
+      if (const std::vector<FieldRef>* layout = LayoutOf(a)) {
+        for (const FieldRef& f : *layout) Field(At(f, a), At(f, b), a, b, depth);
+        return;
+      }
+    }
     std::vector<FieldRef>& fa = Fields(depth, A);
     std::vector<FieldRef>& fb = Fields(depth, B);
     Collect(a, fa);
@@ -342,9 +374,11 @@ class Differ {
       Emit(RecordDifference::Changed, A, "$class", Quoted(a.GetClassName()),
            Quoted(b.GetClassName()));
     }
+    // Records of one class list the same fields (the same name literals): checked cheaply.
     bool sameLayout = fa.size() == fb.size();
     for (std::size_t i = 0; sameLayout && i < fa.size(); ++i) {
-      sameLayout = fa[i].type == fb[i].type && std::strcmp(fa[i].name, fb[i].name) == 0;
+      sameLayout = fa[i].type == fb[i].type &&
+                   (fa[i].name == fb[i].name || std::strcmp(fa[i].name, fb[i].name) == 0);
     }
     if (sameLayout) {
       for (std::size_t i = 0; i < fa.size(); ++i) Field(fa[i], fb[i], a, b, depth);
@@ -558,26 +592,27 @@ class Differ {
   // Compares a member both lists hold, as a record of its own group when the rule counts them.
   void Member(CObject& x, CObject& y, Segment sa, Segment sb, const ListRule& rule,
               std::size_t depth) {
-    const std::string group = m_group;
+    const std::string* group = m_group;
     const bool emitted = m_recordEmitted;
-    const std::string setKind = m_setKind;
+    const bool set =
+        !rule.group.empty() && rule.match != Match::Position && x.IsKindOf(RUNTIME_CLASS(CSet));
+    std::string setKind;
     if (!rule.group.empty()) {
-      m_group = rule.group;
+      m_group = &rule.group;
       m_recordEmitted = false;
-      if (x.IsKindOf(RUNTIME_CLASS(CSet)) && rule.match != Match::Position) {
-        m_setKind = rule.prefix.substr(5);  // "sets/<kind>"
-      }
+    }
+    if (set) {
+      setKind = std::move(m_setKind);
+      m_setKind = rule.prefix.substr(5);  // "sets/<kind>"
     }
     m_sides[A].segments.push_back(std::move(sa));
     m_sides[B].segments.push_back(std::move(sb));
     Record(x, y, depth + 1);
     m_sides[A].segments.pop_back();
     m_sides[B].segments.pop_back();
-    if (!rule.group.empty()) {
-      m_group = group;
-      m_recordEmitted = emitted;
-      m_setKind = setKind;
-    }
+    m_group = group;
+    m_recordEmitted = emitted;
+    if (set) m_setKind = std::move(setKind);
   }
 
   // A whole member added, removed, renamed or replaced.
@@ -634,7 +669,7 @@ class Differ {
     d.before = std::move(before);
     d.after = std::move(after);
     d.wholeRecord = wholeGroup != nullptr;
-    d.group = d.wholeRecord ? *wholeGroup : m_group;
+    d.group = d.wholeRecord ? *wholeGroup : *m_group;
     if (!d.wholeRecord) {
       d.firstOfRecord = !m_recordEmitted;
       m_recordEmitted = true;
@@ -643,10 +678,17 @@ class Differ {
     m_sink.Difference(d);
   }
 
+  struct Layout {
+    std::vector<FieldRef> fields;  // p: the offset of the field in the object
+    bool byOffset = false;
+  };
+
   DiffSink& m_sink;
   Side m_sides[2];
+  std::unordered_map<const CRuntimeClass*, Layout> m_layouts;
   std::deque<std::vector<FieldRef>> m_fields;
-  std::string m_group;
+  std::string m_rootGroup;
+  const std::string* m_group = &m_rootGroup;  // of the counted record being compared
   std::string m_setKind;
   bool m_recordEmitted = false;
   std::size_t m_count = 0;
