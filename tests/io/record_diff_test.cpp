@@ -61,6 +61,37 @@ TEST(RecordDiff, PersonalitiesByNameClassAndPositionWithRenames) {
             }));
 }
 
+// Conventional sets of the given names, each holding one channel of the paired name.
+void AddConvSets(CPersonality& p, std::initializer_list<std::pair<const char*, const char*>> sets) {
+  for (const auto& [name, channel] : sets) {
+    auto* set = new CConvSet;
+    set->SetName(name);
+    auto* c = new CConvChannel;
+    c->SetName(channel);
+    set->Add(c);
+    p.AddSet(set, ConvSetType);
+  }
+}
+
+TEST(RecordDiff, SetsPairByNameIgnoringCaseInTurnAndLeftOversAreRenames) {
+  CPersonality a;
+  CPersonality b;
+  AddConvSets(a, {{"Alpha", "X"}, {"ALPHA", "Y"}, {"Beta", "Z"}, {"Old", "W"}});
+  AddConvSets(b, {{"New", "V"}, {"alpha", "X"}, {"Gamma", "Z"}, {"ALPHA", "Y2"}});
+  EXPECT_EQ(Lines(a, b),
+            (std::vector<std::string>{
+                R"(changed sets/conv/Alpha/Name /ConvSets/0/Name "Alpha" -> "alpha" [conv sets f])",
+                // The second set of a name is named by its position.
+                R"(changed sets/conv/#2/Y/Name /ConvSets/1/Elements/0/Name "Y" -> "Y2" )"
+                "[conv elements f]",
+                R"(renamed sets/conv/Beta /ConvSets/2 "Beta" -> "Gamma" [conv sets w])",
+                R"(removed sets/conv/Old /ConvSets/3 {"$class":"CConvSet","Elements":[{"$clas -> )"
+                " [conv sets w]",
+                R"(added sets/conv/New /ConvSets/0  -> {"$class":"CConvSet","Elements":[{"$clas )"
+                "[conv sets w]",
+            }));
+}
+
 TEST(RecordDiff, RecordsOfAnotherClassAreComparedFieldByField) {
   CSet a;
   CSet b;
