@@ -42,6 +42,7 @@ TEST(RecordDiff, PersonalitiesByNameClassAndPositionWithRenames) {
   static_cast<CConvChannel*>(north.GetAt(1))
       ->SetName(static_cast<CConvChannel*>(north.GetAt(2))->GetName());
   north.Add(new CConvChannel);
+  Conv(*b, "SOUTH").InsertAt(1, new CConvChannel);  // an insertion shifts nothing after it
   b->DeleteOption(a->GetOptionAt(0)->GetRuntimeClass());
   EXPECT_EQ(Lines(*a, *b),
             (std::vector<std::string>{
@@ -55,6 +56,8 @@ TEST(RecordDiff, PersonalitiesByNameClassAndPositionWithRenames) {
                 R"(changed sets/conv/NORTH/PD 1/Name /ConvSets/1/Elements/1/Name "PD 1" -> )"
                 R"("EMS 1" [conv elements f])",
                 R"(added sets/conv/NORTH/#17 /ConvSets/1/Elements/16  -> {"$class":"CConvChannel",)"
+                R"("Name":"","TxFr [conv elements w])",
+                R"(added sets/conv/SOUTH/#2 /ConvSets/2/Elements/1  -> {"$class":"CConvChannel",)"
                 R"("Name":"","TxFr [conv elements w])",
                 R"(removed options/CGenRadioOpts /Options/0 {"$class":"CGenRadioOpts","LowMicAudio)"
                 R"(": ->  [options w])",

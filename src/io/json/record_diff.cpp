@@ -456,32 +456,67 @@ class Differ {
     }
   }
 
+  // Equal in class and every described field.
+  bool Same(CObject* x, CObject* y) {
+    if (x == nullptr || y == nullptr) return x == y;
+    if (x->GetRuntimeClass() != y->GetRuntimeClass()) return false;
+    const std::vector<FieldRef>* layout = LayoutOf(*x);
+    if (layout == nullptr) return EqualRecords(x, y, false);
+    for (const FieldRef& f : *layout) {
+      const FieldRef fx = At(f, *x);
+      const FieldRef fy = At(f, *y);
+      const bool same = f.type == FType::Owned
+                            ? SameList(As<COwnedObList>(fx), As<COwnedObList>(fy))
+                        : f.type == FType::Shared ? SameList(As<CObList>(fx), As<CObList>(fy))
+                                                  : SameValue(fx, fy);
+      if (!same) return false;
+    }
+    return true;
+  }
+  template <class L>
+  bool SameList(const L& a, const L& b) {
+    if (a.GetCount() != b.GetCount()) return false;
+    for (int i = 0; i < a.GetCount(); ++i) {
+      if (!Same(a.GetAt(i), b.GetAt(i))) return false;
+    }
+    return true;
+  }
+
+  // Members paired by position. When the lists differ in length, the equal members at their
+  // start and at their end are set aside first, so that members inserted or deleted in one
+  // place show as such and do not shift every member after them.
   template <class L>
   void Positional(L& la, L& lb, const char* field, const ListRule& rule, std::size_t depth) {
-    const int n = std::max(la.GetCount(), lb.GetCount());
-    for (int i = 0; i < n; ++i) {
-      CObject* x = i < la.GetCount() ? la.GetAt(i) : nullptr;
-      CObject* y = i < lb.GetCount() ? lb.GetAt(i) : nullptr;
+    int first = 0;
+    int endA = la.GetCount();
+    int endB = lb.GetCount();
+    if (endA != endB) {
+      while (first < endA && first < endB && Same(la.GetAt(first), lb.GetAt(first))) ++first;
+      while (endA > first && endB > first && Same(la.GetAt(endA - 1), lb.GetAt(endB - 1))) {
+        --endA;
+        --endB;
+      }
+    }
+    for (int i = first; i < std::max(endA, endB); ++i) {
       Segment s;
       s.field = field;
       s.index = i;
+      Segment sb = s;
       if constexpr (std::is_same_v<L, COwnedObList>) {
-        if (rule.elements) s.elements = &(i < la.GetCount() ? la : lb);
-      }
-      if (i >= lb.GetCount()) {
-        Whole(RecordDifference::Removed, s, A, rule, RecordText(x), "");
-      } else if (i >= la.GetCount()) {
-        if constexpr (std::is_same_v<L, COwnedObList>) {
-          if (rule.elements) s.elements = &lb;
+        if (rule.elements) {
+          s.elements = &la;
+          sb.elements = &lb;
         }
-        Whole(RecordDifference::Added, s, B, rule, "", RecordText(y));
+      }
+      CObject* x = i < endA ? la.GetAt(i) : nullptr;
+      CObject* y = i < endB ? lb.GetAt(i) : nullptr;
+      if (i >= endB) {
+        Whole(RecordDifference::Removed, s, A, rule, RecordText(x), "");
+      } else if (i >= endA) {
+        Whole(RecordDifference::Added, sb, B, rule, "", RecordText(y));
       } else if (x == nullptr || y == nullptr) {
         if (x != y) Whole(RecordDifference::Changed, s, A, rule, RecordText(x), RecordText(y));
       } else {
-        Segment sb = s;
-        if constexpr (std::is_same_v<L, COwnedObList>) {
-          if (rule.elements) sb.elements = &lb;
-        }
         Member(*x, *y, std::move(s), std::move(sb), rule, depth);
       }
     }
