@@ -17,8 +17,9 @@
 //   REF_SCOPE_MISSING    warning  a channel or group is named, but the system field next to it
 //                                 is empty or names a system without such a set
 //   REF_WAN_MISSING      error    a field names a P25 wide-area network that CP25tWanOpts lacks
-//   FREQ_OUT_OF_RANGE    error    a trunk, conventional or P25 conventional set holds a
-//                                 frequency outside the personality's band limits
+//   FREQ_OUT_OF_RANGE    error    a channel of a trunk, conventional or P25 conventional set
+//                                 is outside the personality's band limits (one finding per
+//                                 channel, at its TxFreq or RxFreq, with frequency and limits)
 //   KEY_MISSING          error    a system that uses a trunk or group set has a security key
 //                                 that the set's key list lacks
 //   SET_NAME_DUPLICATE   warning  a set's name equals, ignoring case, an earlier set's of the

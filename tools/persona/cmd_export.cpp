@@ -1,5 +1,6 @@
 // persona export FILE [-o OUT.json]: the lossless JSON document of a personality file.
 #include "command.h"
+#include "input_file.h"
 #include "io/json/personality_json.h"
 
 namespace persona::cli {
@@ -13,12 +14,15 @@ void RegisterExport(Context& context) {
   CLI::App* cmd = context.App().add_subcommand(
       "export",
       "Write the JSON document of a personality file: every field of every record by its "
-      "accessor name. `import` turns it back into the same bytes.");
-  cmd->add_option("FILE", args->file, "Personality file")->required();
+      "accessor name. `import` turns it back into the same bytes. For a global set file "
+      "(NAME.TRS, NAME.CVS, ...), the JSON object of its set.");
+  cmd->add_option("FILE", args->file, "Personality file or global set file")->required();
   cmd->add_option("-o,--output", args->output, "JSON file to write (default: stdout)");
   cmd->callback([args] {
-    LoadedPersonality loaded = LoadInput(args->file);
-    WriteText(args->output, ExportPersonalityJson(*loaded.personality).dump(2) + "\n");
+    OpenedFile opened = OpenPersonalityOrSet(args->file);
+    const Json doc = opened.set != nullptr ? JsonExporter().Export(*opened.set)
+                                           : ExportPersonalityJson(*opened.loaded.personality);
+    WriteText(args->output, doc.dump(2) + "\n");
   });
 }
 

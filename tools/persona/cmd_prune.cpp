@@ -3,6 +3,7 @@
 #include <unordered_set>
 
 #include "command.h"
+#include "input_file.h"
 #include "report/personality_ops.h"
 #include "systems/system.h"
 
@@ -20,15 +21,13 @@ Inventory Take(const CPersonality& p) {
   Inventory inv;
   for (int i = 0; i < p.GetNumSystems(); ++i) {
     const CSystem* s = p.GetSystemAt(i);
-    inv.records.emplace_back(s,
-                             std::string("system ") + s->GetClassName() + " " + s->GetName().str());
+    inv.records.emplace_back(s, SystemWords(s->GetSysType()) + " " + s->GetName().str());
   }
   for (int t = 0; t < kNumSetTypes; ++t) {
     const auto type = static_cast<SetType>(t);
     for (int i = 0; i < p.GetNumSets(type); ++i) {
       const CSet* set = p.GetSetAt(i, type);
-      inv.records.emplace_back(set,
-                               std::string("set ") + SetKindKey(type) + " " + set->GetName().str());
+      inv.records.emplace_back(set, SetWords(type) + " " + set->GetName().str());
     }
   }
   for (int i = 0; i < p.GetNumOptions(); ++i) {
