@@ -101,6 +101,13 @@ conv sets: 1 renamed
     expect_rc 1 "$persona" diff "$sample" smaller.pers --stat --json
     contains out.txt '"group": "conv elements",'
     contains out.txt '"removed": 1,'
+    # A global set file against the set of its kind and name in a personality, or another file.
+    expect_rc 0 "$persona" set export "$sample" --kind conv --name metro --dir sets
+    expect_rc 1 "$persona" diff sets/METRO.CVS "$sample"
+    [[ "$(cat out.txt)" == 'changed sets/conv/METRO/Scope: 1 -> 0' ]] || fail "set diff: $(cat out.txt)"
+    expect_rc 0 "$persona" diff sets/METRO.CVS sets/METRO.CVS
+    expect_rc 4 "$persona" diff sets/METRO.CVS renamed.pers
+    contains err.txt "renamed.pers holds no conv set named METRO"
     ;;
   merge)
     # A new model-103 personality (empty WAN list) merged with the sample: only option classes

@@ -1,8 +1,10 @@
 // persona diff A B [--json] [--stat]: the record-level differences between two personality
-// files, written as they are found.
+// files, two global set files, or a set file and the set of its kind and name in a personality,
+// written as they are found.
 #include <cstdio>
 
 #include "command.h"
+#include "input_file.h"
 #include "io/json/record_diff.h"
 
 namespace persona::cli {
@@ -144,6 +146,20 @@ class StatSink : public DiffSink {
   }
 };
 
+// The records to compare: the two personalities, the two sets of two set files, or the set of a
+// set file and the set of the same kind and name in the other file's personality (NotHeldError
+// when it holds none).
+std::pair<CObject*, CObject*> Compared(OpenedFile& a, OpenedFile& b, const std::string& pathA,
+                                       const std::string& pathB) {
+  if (a.set == nullptr && b.set == nullptr)
+    return {a.loaded.personality.get(), b.loaded.personality.get()};
+  if (a.set != nullptr && b.set != nullptr) return {a.set, b.set};
+  if (a.set != nullptr) {
+    return {a.set, NamedSet(*b.loaded.personality, a.setKind->type, a.set->GetName().str(), pathB)};
+  }
+  return {NamedSet(*a.loaded.personality, b.setKind->type, b.set->GetName().str(), pathA), b.set};
+}
+
 }  // namespace
 
 void RegisterDiff(Context& context) {
@@ -160,30 +176,33 @@ void RegisterDiff(Context& context) {
       "by kind and name, elements by position, option records by class; a system or set that "
       "differs only in its name is shown as renamed. One line per difference (\"changed PATH: "
       "OLD -> NEW\", \"added PATH: NEW\", \"removed PATH: OLD\", \"renamed PATH: OLD -> NEW\"), "
-      "PATH in the path syntax of check. Exit 0 when equal, 1 when not.");
-  cmd->add_option("A", args->a, "Personality file")->required();
-  cmd->add_option("B", args->b, "Personality file")->required();
+      "PATH in the path syntax of check. A global set file (NAME.CVS, ...) is compared with "
+      "another set file or with the set of its kind and name in a personality. Exit 0 when "
+      "equal, 1 when not.");
+  cmd->add_option("A", args->a, "Personality file or global set file")->required();
+  cmd->add_option("B", args->b, "Personality file or global set file")->required();
   cmd->add_flag("--json", args->json,
                 "Print the differences as a JSON array (kind, path, JSON pointer, before, after)");
   cmd->add_flag("--stat", args->stat,
                 "Print only the number of records changed, added, removed and renamed per kind "
                 "of record");
   cmd->callback([args, &context] {
-    LoadedPersonality a = LoadInput(args->a);
-    LoadedPersonality b = LoadInput(args->b);
+    OpenedFile fileA = OpenPersonalityOrSet(args->a);
+    OpenedFile fileB = OpenPersonalityOrSet(args->b);
+    const auto [a, b] = Compared(fileA, fileB, args->a, args->b);
     BlockWriter out;
     std::size_t count = 0;
     if (args->stat) {
       StatSink stat;
-      count = DiffRecords(*a.personality, *b.personality, stat);
+      count = DiffRecords(*a, *b, stat);
       out.Buffer() = args->json ? stat.ToJson().dump(2) + "\n" : stat.Text();
     } else if (args->json) {
       JsonSink json(out);
-      count = DiffRecords(*a.personality, *b.personality, json);
+      count = DiffRecords(*a, *b, json);
       json.Finish();
     } else {
       TextSink text(out);
-      count = DiffRecords(*a.personality, *b.personality, text);
+      count = DiffRecords(*a, *b, text);
     }
     out.Flush(true);
     context.exitCode = count == 0 ? kExitOk : kExitDifferent;
