@@ -6,6 +6,7 @@
 #include <string>
 
 #include "bench_cases.h"
+#include "bench_diff.h"
 #include "boost_reference.h"
 #include "core/global_sets.h"
 #include "core/set_types.h"
@@ -220,6 +221,7 @@ const std::vector<Operation>& Operations() {
       {"rename_set", RenameSetEverywhere, false, false},
       {"rename_channel", RenameChannelEverywhere, false, false},
       {"check", Check, false, false},
+      {"diff", Diff, false, false},
       {"refresh", Refresh, false, true},
   };
   return operations;

@@ -89,9 +89,28 @@ case "$case_name" in
     expect_rc 0 "$persona_sample" --channels 47 -o smaller.pers
     expect_rc 1 "$persona" diff "$sample" smaller.pers
     [[ $(wc -l <out.txt) -eq 1 ]] || fail "expected one difference: $(cat out.txt)"
-    contains out.txt 'removed ConvSets/SOUTH/Elements/15: {"$class":"CConvChannel","Name":"MUTL 2"'
+    contains out.txt 'removed sets/conv/SOUTH/MUTL 2: {"$class":"CConvChannel","Name":"MUTL 2"'
     expect_rc 1 "$persona" diff smaller.pers "$sample"
-    contains out.txt 'added ConvSets/SOUTH/Elements/15: {"$class":"CConvChannel","Name":"MUTL 2"'
+    contains out.txt 'added sets/conv/SOUTH/MUTL 2: {"$class":"CConvChannel","Name":"MUTL 2"'
+    # A set that changed only its name is a rename; --stat counts records per kind.
+    expect_rc 0 "$persona" rename "$sample" --set conv metro DOWNTOWN -o renamed.pers
+    expect_rc 1 "$persona" diff "$sample" renamed.pers
+    [[ "$(cat out.txt)" == 'changed systems/CNV METRO/ConvSetName: "METRO" -> "DOWNTOWN"
+renamed sets/conv/METRO: "METRO" -> "DOWNTOWN"' ]] || fail "diff of a rename: $(cat out.txt)"
+    expect_rc 1 "$persona" diff "$sample" renamed.pers --stat
+    [[ "$(cat out.txt)" == 'systems: 1 changed
+conv sets: 1 renamed
+2 record(s) differ: 1 changed, 1 renamed' ]] || fail "diff --stat of a rename: $(cat out.txt)"
+    expect_rc 1 "$persona" diff "$sample" smaller.pers --stat --json
+    contains out.txt '"group": "conv elements",'
+    contains out.txt '"removed": 1,'
+    # A global set file against the set of its kind and name in a personality, or another file.
+    expect_rc 0 "$persona" set export "$sample" --kind conv --name metro --dir sets
+    expect_rc 1 "$persona" diff sets/METRO.CVS "$sample"
+    [[ "$(cat out.txt)" == 'changed sets/conv/METRO/Scope: 1 -> 0' ]] || fail "set diff: $(cat out.txt)"
+    expect_rc 0 "$persona" diff sets/METRO.CVS sets/METRO.CVS
+    expect_rc 4 "$persona" diff sets/METRO.CVS renamed.pers
+    contains err.txt "renamed.pers holds no conv set named METRO"
     ;;
   merge)
     # A new model-103 personality (empty WAN list) merged with the sample: only option classes
@@ -262,7 +281,7 @@ EOT
     expect_rc 0 "$persona" rename "$sample" --set conv metro DOWNTOWN -o renamed.pers
     contains out.txt "renamed conv set metro to DOWNTOWN"
     expect_rc 1 "$persona" diff "$sample" renamed.pers
-    contains out.txt 'changed Systems/CNV METRO/ConvSetName: "METRO" -> "DOWNTOWN"'
+    contains out.txt 'changed systems/CNV METRO/ConvSetName: "METRO" -> "DOWNTOWN"'
     expect_rc 0 "$persona" check renamed.pers
     contains out.txt "0 error(s)"
     expect_rc 4 "$persona" rename "$sample" --system NOSUCH OTHER -o never.pers
@@ -281,8 +300,8 @@ EOT
     expect_rc 0 "$persona" set refresh global.pers --dir sets -o refreshed.pers
     contains out.txt "Global Conv set METRO not found, using local copy"
     expect_rc 1 "$persona" diff global.pers refreshed.pers
-    contains out.txt 'removed ConvSets/SOUTH/Elements/15: {"$class":"CConvChannel","Name":"MUTL 2"'
-    contains out.txt 'changed ConvSets/METRO/Scope: 1 -> 0'
+    contains out.txt 'removed sets/conv/SOUTH/MUTL 2: {"$class":"CConvChannel","Name":"MUTL 2"'
+    contains out.txt 'changed sets/conv/METRO/Scope: 1 -> 0'
     ;;
   edit)
     # A path that check prints is accepted back by get and edit.
