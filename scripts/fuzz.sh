@@ -3,7 +3,7 @@
 #   scripts/fuzz.sh [SECONDS] [TARGET...]
 # SECONDS defaults to 60 per target; the JSON import target runs five times as long, since a
 # value of the wrong type in one field of a whole document takes it longer to reach than a
-# damaged byte takes the archive loaders. TARGET defaults to all three. Fails on any finding (a
+# damaged byte takes the archive loaders. TARGET defaults to all four. Fails on any finding (a
 # crash, a sanitizer report, a leak, a timeout, an allocation over the limit); the input that
 # caused it is left in build/fuzz-work/artifacts/. The corpus grown by earlier runs is kept
 # in build/fuzz-work/corpus/TARGET and reused; the checked-in seeds are in fuzz/seeds/.
@@ -15,7 +15,7 @@ seconds="${1:-60}"
 shift || true
 targets=("$@")
 if [[ ${#targets[@]} -eq 0 ]]; then
-  targets=(fuzz_load_personality fuzz_load_set fuzz_import_json)
+  targets=(fuzz_load_personality fuzz_load_set fuzz_import_json fuzz_import_csv)
 fi
 
 if [[ "${PERSONA_FUZZ_NO_BUILD:-0}" != 1 ]]; then
@@ -34,6 +34,7 @@ seeds_of() {
     fuzz_load_personality) echo "fuzz/seeds/personality tests/data/vectors" ;;
     fuzz_load_set) echo "fuzz/seeds/set tests/data/vectors" ;;
     fuzz_import_json) echo "fuzz/seeds/json" ;;
+    fuzz_import_csv) echo "fuzz/seeds/csv" ;;
     *) echo "unknown fuzz target: $1" >&2; return 1 ;;
   esac
 }
@@ -41,7 +42,11 @@ seeds_of() {
 # The archive loaders get the class names with their new-class tags; JSON import gets the
 # class and field names as JSON strings.
 dict_of() {
-  if [[ "$1" == fuzz_import_json ]]; then echo fuzz/json.dict; else echo fuzz/archive.dict; fi
+  case "$1" in
+    fuzz_import_json) echo fuzz/json.dict ;;
+    fuzz_import_csv) echo fuzz/csv.dict ;;
+    *) echo fuzz/archive.dict ;;
+  esac
 }
 
 status=0

@@ -110,7 +110,7 @@ CObject* CPersonality::FindOption(const CRuntimeClass* cls) const {
 
 CObject* CPersonality::GetOption(const CRuntimeClass* cls) const { return FindOption(cls); }
 
-const CSerial* PersonalityOption(const CPersonality* personality, const CRuntimeClass* cls) {
+const CObject* PersonalityOption(const CPersonality* personality, const CRuntimeClass* cls) {
   return personality != nullptr ? personality->GetOption(cls) : nullptr;
 }
 

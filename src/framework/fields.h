@@ -78,6 +78,9 @@ struct FieldInfo {
   bool hex;
   // What the field names, for name fields (valid during the visit only); null otherwise.
   const RefersTo* refersTo = nullptr;
+  // The field's report words, for coded fields (valid during the visit only); null otherwise.
+  const Words* words = nullptr;
+  bool onOff = false;  // a switch printed "Off" / "On"
 };
 
 // Run-time visitor over the described fields of a record; one overload per field type.
@@ -137,6 +140,17 @@ constexpr unsigned SinceOf(const O&... opts) {
 template <class T, class... O>
 constexpr bool Has() {
   return (std::is_same_v<T, O> || ...);
+}
+
+template <class... O>
+const Words* WordsOfOpts(const O&... opts) {
+  const Words* words = nullptr;
+  (
+      [&](const auto& o) {
+        if constexpr (std::is_same_v<std::decay_t<decltype(o)>, Words>) words = &o;
+      }(opts),
+      ...);
+  return words;
 }
 
 template <class... O>
@@ -325,8 +339,12 @@ class FieldAdapter {
     if constexpr (fields_detail::Has<Transient, O...>()) {
       return;
     } else {
-      const FieldInfo info{name, fields_detail::SinceOf(opts...), fields_detail::Has<Hex, O...>(),
-                           fields_detail::RefersToOf(opts...)};
+      const FieldInfo info{name,
+                           fields_detail::SinceOf(opts...),
+                           fields_detail::Has<Hex, O...>(),
+                           fields_detail::RefersToOf(opts...),
+                           fields_detail::WordsOfOpts(opts...),
+                           fields_detail::Has<OnOff, O...>()};
       if constexpr (std::is_array_v<T>) {
         static_assert(std::is_same_v<std::remove_extent_t<T>, WORD>, "only WORD arrays");
         m_v.Field(info, member, std::extent_v<T>);

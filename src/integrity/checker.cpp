@@ -1,22 +1,59 @@
 // The integrity checker (see checker.h).
 #include "integrity/checker.h"
 
+#include <cstdio>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
 
-#include "core/global_sets.h"
+#include "conventional/conv_set.h"
+#include "conventional/p25_conv_set.h"
+#include "core/set_helpers.h"
 #include "integrity/name_refs.h"
+#include "integrity/record_path.h"
 #include "integrity/set_use.h"
 #include "options/p25_wan_opts.h"
 #include "systems/esk_key_list.h"
 #include "systems/system.h"
+#include "systems/trunk_set.h"
 
 namespace persona {
 
 namespace {
 
 std::string Quoted(const CString& name) { return "\"" + name.str() + "\""; }
+
+std::string Fixed5(double frequency) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%.5f", frequency);
+  return text;
+}
+std::string Mhz(double frequency) { return Fixed5(frequency) + " MHz"; }
+
+// What is wrong with a channel that fails the band limits: the field and the words after the
+// channel's name. The tests are the order of set_helpers::ChannelWithinLimits.
+std::pair<const char*, std::string> BandFault(double tx, double rx,
+                                              const set_helpers::FrequencyLimits& l) {
+  const double tolerance = 0.000001;
+  const std::string rxRange = ", outside " + Fixed5(l.rxMin) + " - " + Mhz(l.rxMax);
+  if (tx > 0.0 && tx < l.txMin) {
+    return {"TxFreq", "transmits on " + Mhz(tx) + ", below the transmit minimum " + Mhz(l.txMin)};
+  }
+  if (l.txMin > 800.0 && tx > l.rxMax + tolerance) {
+    return {"TxFreq", "transmits on " + Mhz(tx) + ", above the receive maximum " + Mhz(l.rxMax) +
+                          " that bounds both directions above 800 MHz"};
+  }
+  return {"RxFreq", "receives on " + Mhz(rx) + rxRange};
+}
+
+std::string ChannelLabel(const CTrunkChannel&, int position) {
+  return "channel #" + std::to_string(position);
+}
+template <class E>
+std::string ChannelLabel(const E& channel, int position) {
+  const CString name = channel.GetName();
+  return name.IsEmpty() ? "channel #" + std::to_string(position) : "channel " + name.str();
+}
 
 std::string Upper(const CString& name) {
   CString copy = name;
@@ -118,10 +155,6 @@ class Checker {
     return SystemSetNameFor(system, type, &name) && !name.IsEmpty();
   }
 
-  static std::string SetPath(SetType type, const CSet& set) {
-    return std::string("sets/") + SetListPathName(type) + "/" + set.Name().str();
-  }
-
   void CheckList(SetType type) {
     std::unordered_map<std::string, const CSet*> first;
     for (int i = 0; i < m_p.GetNumSets(type); ++i) {
@@ -138,10 +171,9 @@ class Checker {
             "has the name of the earlier set " + Quoted(it->second->Name()) +
                 " (letter case aside); lookups find only that one, so this one is never used");
       }
-      if (!InBand(*set)) {
-        Add("FREQ_OUT_OF_RANGE", Finding::Error, path,
-            "holds a frequency outside the band limits of the personality");
-      }
+      if (type == TrunkSetType) CheckFrequencies<CTrunkChannel>(path, *set, true);
+      if (type == ConvSetType) CheckFrequencies<CConvChannel>(path, *set, false);
+      if (type == P25ConvSetType) CheckFrequencies<CP25ConvChannel>(path, *set, true);
       if (added && m_usedSets.count(set) == 0) {
         Add("SET_UNUSED", Finding::Info, path, "is not used by any system, set or option");
       }
@@ -177,9 +209,23 @@ class Checker {
     }
   }
 
-  bool InBand(const CSet& set) const {
-    return SetFitsBand(set, m_p.GetTxMinFreq(), m_p.GetTxMaxFreq(), m_p.GetRxMinFreq(),
-                       m_p.GetRxMaxFreq()) != 0;
+  // One finding per channel outside the personality's band limits, as the set's
+  // CheckFrequencyRange judges them (tolerance above 800 MHz as the set class applies it).
+  template <class E>
+  void CheckFrequencies(const std::string& path, const CSet& set, bool tolerance) {
+    const set_helpers::FrequencyLimits limits{m_p.GetTxMinFreq(), m_p.GetRxMinFreq(),
+                                              m_p.GetRxMaxFreq(), tolerance};
+    int position = 0;
+    for (CObject* obj : set.Elements()) {
+      ++position;
+      const auto* channel = dynamic_cast<const E*>(obj);
+      if (channel == nullptr) continue;
+      const double tx = channel->GetTxFreq(), rx = channel->GetRxFreq();
+      if (set_helpers::ChannelWithinLimits(tx, rx, limits)) continue;
+      const auto [field, what] = BandFault(tx, rx, limits);
+      Add("FREQ_OUT_OF_RANGE", Finding::Error, path + "/#" + std::to_string(position) + "/" + field,
+          ChannelLabel(*channel, position) + " " + what);
+    }
   }
 
   // Systems that use a set with a key list need their key in it.
@@ -208,7 +254,7 @@ class Checker {
                 " record, not a system; nothing can name it");
       }
       if (system == nullptr || RadioTypeSupportsSystemKind(radio, system->GetSysType())) continue;
-      Add("SYSTEM_UNSUPPORTED", Finding::Warning, "systems/" + system->Name().str(),
+      Add("SYSTEM_UNSUPPORTED", Finding::Warning, SystemPath(*system),
           "is a kind of system that radio type " + std::to_string(radio) + " cannot use");
     }
   }

@@ -2,10 +2,10 @@
 // inconsistent in it, each finding with a stable code, a severity, the path of the field or
 // record concerned and a message a person can act on.
 //
-// Paths: "systems/<system>/<field>", "sets/<list>/<set>/<field>" with the lists trunk, conv,
-// group, phone, icall, spcall, plmgroup, plmspcall, p25conv, p25group and eagroup, elements as
-// "sets/<list>/<set>/#<position from 1>/<field>", "options/<class>/<field>"; an entry of a list
-// of names adds "/<position from 1>".
+// Paths are record paths (integrity/record_path.h), which the tool accepts back: for example
+// "systems/North/GroupSetName", "sets/conv/METRO/FIRE 1/TxFreq" (an element by its name, or
+// "#<position from 1>" when its name is not unique in its set), "options/CGenRadioOpts/CnvTestSet"
+// and "systems/North/ScannedSystems/2" for an entry of a list of names.
 //
 // Codes (stable; tools may match on them):
 //   REF_SYSTEM_MISSING   error    a field names a system that does not exist
@@ -17,8 +17,9 @@
 //   REF_SCOPE_MISSING    warning  a channel or group is named, but the system field next to it
 //                                 is empty or names a system without such a set
 //   REF_WAN_MISSING      error    a field names a P25 wide-area network that CP25tWanOpts lacks
-//   FREQ_OUT_OF_RANGE    error    a trunk, conventional or P25 conventional set holds a
-//                                 frequency outside the personality's band limits
+//   FREQ_OUT_OF_RANGE    error    a channel of a trunk, conventional or P25 conventional set
+//                                 is outside the personality's band limits (one finding per
+//                                 channel, at its TxFreq or RxFreq, with frequency and limits)
 //   KEY_MISSING          error    a system that uses a trunk or group set has a security key
 //                                 that the set's key list lacks
 //   SET_NAME_DUPLICATE   warning  a set's name equals, ignoring case, an earlier set's of the

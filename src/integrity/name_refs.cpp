@@ -4,6 +4,7 @@
 #include <cstring>
 #include <utility>
 
+#include "integrity/record_path.h"
 #include "systems/conv_system.h"
 #include "systems/p25_conv_system.h"
 #include "systems/plm_system.h"
@@ -13,10 +14,6 @@
 namespace persona {
 
 namespace {
-
-constexpr const char* kListPathNames[kNumSetTypes] = {
-    "trunk",    "conv",      "group",   "phone",    "icall",  "spcall",
-    "plmgroup", "plmspcall", "p25conv", "p25group", "eagroup"};
 
 // Visits one record: gathers its name fields, its string fields (to read scope fields) and the
 // owned lists below it. Sub-records are walked by the caller, after the visit.
@@ -63,11 +60,12 @@ class Collector {
     auto* asSet = dynamic_cast<CSet*>(&record);
     for (const auto& [name, list] : scan.owned) {
       const std::string base = asSet != nullptr ? path : path + "/" + name;
-      int k = 0;
+      const std::vector<std::string> segments = ElementSegments(record, *list);
+      std::size_t k = 0;
       for (CObject* child : *list) {
-        ++k;
+        const std::string& segment = segments[k++];
         if (child == nullptr) continue;
-        Walk(*child, base + "/#" + std::to_string(k), asSet != nullptr ? asSet : holder, -1);
+        Walk(*child, base + "/" + segment, asSet != nullptr ? asSet : holder, -1);
       }
     }
   }
@@ -143,7 +141,7 @@ void NameRef::Set(const CString& name) const {
   }
 }
 
-const char* SetListPathName(int type) { return IsValidSetType(type) ? kListPathNames[type] : ""; }
+const char* SetListPathName(int type) { return SetListWord(type); }
 
 int GroupSetTypeOfSystem(int systemType) {
   switch (systemType) {
@@ -210,21 +208,20 @@ std::vector<NameRef> CollectNameRefs(CPersonality& p) {
   for (int i = 0; i < p.GetNumSystems(); ++i) {
     CSystem* system = p.GetSystemAt(i);
     if (system == nullptr) continue;
-    collector.Walk(*system, "systems/" + system->Name().str(), nullptr, system->GetSysType());
+    collector.Walk(*system, SystemPath(*system), nullptr, system->GetSysType());
   }
   for (int type = 0; type < kNumSetTypes; ++type) {
     const auto t = static_cast<SetType>(type);
     for (int i = 0; i < p.GetNumSets(t); ++i) {
       CSet* set = p.GetSetAt(i, t);
       if (set == nullptr) continue;
-      collector.Walk(*set, std::string("sets/") + kListPathNames[type] + "/" + set->Name().str(),
-                     set, -1);
+      collector.Walk(*set, SetPath(type, *set), set, -1);
     }
   }
   for (int i = 0; i < p.GetNumOptions(); ++i) {
     CObject* option = p.GetOptionAt(i);
     if (option == nullptr) continue;
-    collector.Walk(*option, std::string("options/") + option->GetClassName(), nullptr, -1);
+    collector.Walk(*option, OptionPath(*option), nullptr, -1);
   }
   // Visiting records may move the name epochs; resolve once everything has been visited, so
   // the lookup indexes are rebuilt once.

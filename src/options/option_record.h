@@ -192,7 +192,7 @@ class CPersonality;
 // The personality's option record of class cls (CPersonality::GetOption), or null, also for a
 // null personality; the personality keeps ownership. Defined with the personality, so that the
 // option records, which sit below it, need only its name.
-const CSerial* PersonalityOption(const CPersonality* personality, const CRuntimeClass* cls);
+const CObject* PersonalityOption(const CPersonality* personality, const CRuntimeClass* cls);
 
 // The personality's record of option class T, or null (also for a null personality); the
 // personality keeps ownership.

@@ -191,7 +191,7 @@ void PrintGenericRecord(CStringArray& out, CObject& rec) {
   PrintFieldBlock(out, heading.str() + " RECORD:", CollectFieldLines(rec, nullptr, 0));
 }
 
-void PrintOptions(const CPersonality& p, CStringArray& out) {
+void PrintOptions(const CPersonality& p, CStringArray& out, const BlockEnd& blockEnd) {
   std::vector<std::pair<std::size_t, CObject*>> records;
   for (int i = 0; i < p.GetNumOptions(); ++i) {
     CObject* rec = p.GetOptionAt(i);
@@ -206,11 +206,13 @@ void PrintOptions(const CPersonality& p, CStringArray& out) {
       const OptionEntry& entry = kOptionOrder[rank];
       if (entry.print) {
         entry.print(*rec, context);
+        blockEnd(out);
         continue;
       }
       if (FirstOptionOf(p, entry.owner) != nullptr) continue;
     }
     PrintGenericRecord(out, *rec);
+    blockEnd(out);
   }
 }
 
@@ -357,7 +359,7 @@ constexpr FieldLabel kSystemLabels[] = {
     {"DisplayGroup", "Display Group", FieldFormat::Plain},
 };
 
-void PrintSystems(const CPersonality& p, CStringArray& out) {
+void PrintSystems(const CPersonality& p, CStringArray& out, const BlockEnd& blockEnd) {
   for (int i = 0; i < p.GetNumSystems(); ++i) {
     CSystem* system = p.GetSystemAt(i);
     if (system == nullptr) {
@@ -370,6 +372,7 @@ void PrintSystems(const CPersonality& p, CStringArray& out) {
     PrintFieldBlock(
         out, heading,
         CollectFieldLines(*system, kSystemLabels, sizeof kSystemLabels / sizeof kSystemLabels[0]));
+    blockEnd(out);
   }
 }
 
@@ -492,12 +495,13 @@ const char* SetKindHeading(SetType type) {
   return "SETS:";
 }
 
-void PrintSets(const CPersonality& p, CStringArray& out) {
+void PrintSets(const CPersonality& p, CStringArray& out, const BlockEnd& blockEnd) {
   for (SetType type : kSetOrder) {
     OptionBlock block(out, SetKindHeading(type));
     const int count = p.GetNumSets(type);
     if (count == 0) block.Line("   None");
     block.End();
+    blockEnd(out);
     unsigned short elementsBefore = 0;
     for (int i = 0; i < count; ++i) {
       CSet* set = p.GetSetAt(i, type);
@@ -511,6 +515,7 @@ void PrintSets(const CPersonality& p, CStringArray& out) {
       } else {
         PrintForeignElements(*set, out);
       }
+      blockEnd(out);
       elementsBefore = static_cast<unsigned short>(elementsBefore + set->GetSize());
     }
   }
@@ -518,11 +523,26 @@ void PrintSets(const CPersonality& p, CStringArray& out) {
 
 }  // namespace
 
-void PrintPersonalityReport(const CPersonality& personality, CStringArray& out) {
+void PrintPersonalityReport(const CPersonality& personality, CStringArray& out,
+                            const BlockEnd& blockEnd) {
   PrintTitle(personality, out);
-  PrintOptions(personality, out);
-  PrintSystems(personality, out);
-  PrintSets(personality, out);
+  blockEnd(out);
+  PrintOptions(personality, out, blockEnd);
+  PrintSystems(personality, out, blockEnd);
+  PrintSets(personality, out, blockEnd);
+}
+
+void PrintPersonalityReport(const CPersonality& personality, CStringArray& out) {
+  PrintPersonalityReport(personality, out, [](CStringArray&) {});
+}
+
+void StreamPersonalityReport(const CPersonality& personality, const ReportSink& sink) {
+  CStringArray block;
+  PrintPersonalityReport(personality, block, [&sink](CStringArray& lines) {
+    if (lines.IsEmpty()) return;
+    sink(lines);
+    lines.RemoveAll();
+  });
 }
 
 const char* const* ReportOptionOrder(std::size_t* count) {

@@ -27,6 +27,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 
 #include "core/personality.h"
 #include "core/set_types.h"
@@ -37,6 +38,22 @@ namespace persona {
 // Appends the report of personality to out; the personality is only read. Throws nothing of
 // its own.
 void PrintPersonalityReport(const CPersonality& personality, CStringArray& out);
+
+// Called after each block of the report (the title, each option record's block, each system,
+// each set kind's heading, each set) with the array the block was appended to.
+using BlockEnd = std::function<void(CStringArray& out)>;
+
+// As above, calling blockEnd after each block; whatever blockEnd does to out (write the lines
+// out and empty it, typically) the report goes on appending to it. Throws what blockEnd throws.
+void PrintPersonalityReport(const CPersonality& personality, CStringArray& out,
+                            const BlockEnd& blockEnd);
+
+// Receives the lines of one block of the report (never empty); the driver empties them after.
+using ReportSink = std::function<void(const CStringArray& lines)>;
+
+// The report of personality block by block: sink gets each block's lines in report order, so
+// that only the largest block (one set) is in memory at a time. Throws what sink throws.
+void StreamPersonalityReport(const CPersonality& personality, const ReportSink& sink);
 
 // The option class names in report order; *count receives their number. Classes printed by an
 // owner's block are listed right after their owner.

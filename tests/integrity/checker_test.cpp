@@ -87,7 +87,7 @@ std::vector<Break> Breaks() {
        [](CPersonality& p) {
          static_cast<CConvChannel*>(p.GetSet("CONV", ConvSetType)->GetAt(2))->SetTxFreq(900.0);
        },
-       {"FREQ_OUT_OF_RANGE 0 sets/conv/CONV"}},
+       {"FREQ_OUT_OF_RANGE 0 sets/conv/CONV/#3/TxFreq"}},
       {"key missing from the group set's key list",
        [](CPersonality& p) {
          auto* t1 = static_cast<CTrunkSystem*>(p.GetSystem("T1"));
@@ -112,6 +112,31 @@ std::vector<Break> Breaks() {
        [](CPersonality& p) { p.SetLastRadio(88); },
        {"SYSTEM_UNSUPPORTED 1 systems/P1"}},
   };
+}
+
+// A channel outside the band is named with its frequency and the limit it breaks, once per
+// channel, at the field that is wrong.
+TEST(Checker, ChannelsOutOfBandNameTheChannelTheFrequencyAndTheLimits) {
+  auto p = Clean();
+  p->SetTxMinFreq(806.0);
+  p->SetTxMaxFreq(825.0);
+  p->SetRxMinFreq(851.0);
+  p->SetRxMaxFreq(870.0);
+  CSet* set = p->GetSet("CONV", ConvSetType);
+  auto* first = static_cast<CConvChannel*>(set->GetAt(0));
+  auto* second = static_cast<CConvChannel*>(set->GetAt(1));
+  first->SetRxFreq(874.2);
+  second->SetTxFreq(700.0);
+  std::vector<std::string> got;
+  for (const Finding& f : CheckPersonality(*p)) {
+    if (f.code == "FREQ_OUT_OF_RANGE") got.push_back(f.path + ": " + f.message);
+  }
+  const std::vector<std::string> want = {
+      "sets/conv/CONV/#1/RxFreq: channel " + first->GetName().str() +
+          " receives on 874.20000 MHz, outside 851.00000 - 870.00000 MHz",
+      "sets/conv/CONV/#2/TxFreq: channel " + second->GetName().str() +
+          " transmits on 700.00000 MHz, below the transmit minimum 806.00000 MHz"};
+  EXPECT_EQ(got, want);
 }
 
 TEST(Checker, EachBreakIsReportedOnceWithItsCodeAndPath) {

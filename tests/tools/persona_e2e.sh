@@ -89,36 +89,144 @@ case "$case_name" in
     expect_rc 0 "$persona_sample" --channels 47 -o smaller.pers
     expect_rc 1 "$persona" diff "$sample" smaller.pers
     [[ $(wc -l <out.txt) -eq 1 ]] || fail "expected one difference: $(cat out.txt)"
-    contains out.txt 'removed ConvSets/SOUTH/Elements/15: {"$class":"CConvChannel","Name":"MUTL 2"'
+    contains out.txt 'removed sets/conv/SOUTH/MUTL 2: {"$class":"CConvChannel","Name":"MUTL 2"'
     expect_rc 1 "$persona" diff smaller.pers "$sample"
-    contains out.txt 'added ConvSets/SOUTH/Elements/15: {"$class":"CConvChannel","Name":"MUTL 2"'
+    contains out.txt 'added sets/conv/SOUTH/MUTL 2: {"$class":"CConvChannel","Name":"MUTL 2"'
+    # A set that changed only its name is a rename; --stat counts records per kind.
+    expect_rc 0 "$persona" rename "$sample" --set conv metro DOWNTOWN -o renamed.pers
+    expect_rc 1 "$persona" diff "$sample" renamed.pers
+    [[ "$(cat out.txt)" == 'changed systems/CNV METRO/ConvSetName: "METRO" -> "DOWNTOWN"
+renamed sets/conv/METRO: "METRO" -> "DOWNTOWN"' ]] || fail "diff of a rename: $(cat out.txt)"
+    expect_rc 1 "$persona" diff "$sample" renamed.pers --stat
+    [[ "$(cat out.txt)" == 'systems: 1 changed
+conv sets: 1 renamed
+2 record(s) differ: 1 changed, 1 renamed' ]] || fail "diff --stat of a rename: $(cat out.txt)"
+    expect_rc 1 "$persona" diff "$sample" smaller.pers --stat --json
+    contains out.txt '"group": "conv elements",'
+    contains out.txt '"removed": 1,'
+    # A global set file against the set of its kind and name in a personality, or another file.
+    expect_rc 0 "$persona" set export "$sample" --kind conv --name metro --dir sets
+    expect_rc 1 "$persona" diff sets/METRO.CVS "$sample"
+    [[ "$(cat out.txt)" == 'changed sets/conv/METRO/Scope: 1 -> 0' ]] || fail "set diff: $(cat out.txt)"
+    expect_rc 0 "$persona" diff sets/METRO.CVS sets/METRO.CVS
+    expect_rc 4 "$persona" diff sets/METRO.CVS renamed.pers
+    contains err.txt "renamed.pers holds no conv set named METRO"
     ;;
   merge)
-    # A new personality (no systems, no sets) merged with the sample: only the option
-    # classes clash, and the merged file holds the sample's systems and sets after A's.
-    expect_rc 0 "$persona" new --radio-type 68 --name FLEET -o new.pers
-    expect_rc 0 "$persona" merge new.pers "$sample" -o merged.pers
-    [[ $(grep -c '^clash: option ' out.txt) -eq 48 ]] || fail "expected 48 option clashes"
-    [[ $(grep -c '^clash: ' out.txt) -eq 48 ]] || fail "unexpected clashes: $(cat out.txt)"
-    contains out.txt "48 name clash(es)"
+    # A new model-103 personality (empty WAN list) merged with the sample: only option classes
+    # clash. Keeping A's WAN record leaves B's P25 trunked systems naming WANs that C lacks:
+    # listed, exit 1, nothing written unless --force.
+    expect_rc 0 "$persona" new --radio-type 103 --name FLEET -o new.pers
+    expect_rc 1 "$persona" merge new.pers "$sample" --prefer a -o merged.pers
+    [[ $(grep -c '^clash: option .*: kept A.s$' out.txt) -eq 48 ]] || fail "expected 48 kept options"
+    contains out.txt "clash: option CP25tWanOpts: kept A's"
+    tail -6 out.txt >tail.txt
+    cat >want.txt <<'EOT'
+dangling: systems/P25T METRO/WaNetName: names P25 wide-area network "WAN 1", which is not in the WAN list
+dangling: systems/P25T METRO/HomeWanName: names P25 wide-area network "WAN 1", which is not in the WAN list
+dangling: systems/P25T NORTH/WaNetName: names P25 wide-area network "WAN 2", which is not in the WAN list
+dangling: systems/P25T NORTH/HomeWanName: names P25 wide-area network "WAN 1", which is not in the WAN list
+48 name clash(es), 4 error(s) added by the merge
+the merge adds errors; nothing written (--force writes it all the same)
+EOT
+    same_file tail.txt want.txt
+    [[ -e merged.pers ]] && fail "a merge that adds errors wrote merged.pers"
+    expect_rc 1 "$persona" merge new.pers "$sample" --prefer a --force -o forced.pers
+    expect_rc 1 "$persona" check forced.pers
+    contains out.txt "4 error(s)"
+    # --prefer b takes the sample's option records: one per class, no error added.
+    expect_rc 0 "$persona" merge new.pers "$sample" --prefer b -o merged.pers
+    contains out.txt "clash: option CP25tWanOpts: took B's"
+    contains out.txt "48 name clash(es), 0 error(s) added by the merge"
     expect_rc 0 "$persona" info merged.pers
     contains out.txt "Name                       - FLEET"
     contains out.txt "Systems                    - 12"
-    contains out.txt "Sets                       - 33             Elements                    - 210"
-    contains out.txt "Option Records             - 96"
-    contains out.txt "- 68 - Model 68 mobile"
-    contains out.txt "- 103 - Model 103 P25 trunked"
-    # The sample merged with itself: every system, set and option class clashes; writing over
-    # the input keeps it as .bak.
+    contains out.txt "Option Records             - 48"
+    # The sample with itself: unsettled clashes are refused; --rename-clashes keeps both and
+    # B's records follow the new names, so the result has no error; --dry-run writes nothing.
     cp "$sample" copy.pers
-    expect_rc 0 "$persona" merge copy.pers "$sample" -o copy.pers
-    [[ $(grep -c '^clash: system ' out.txt) -eq 12 ]] || fail "expected 12 system clashes"
-    [[ $(grep -c '^clash: set ' out.txt) -eq 33 ]] || fail "expected 33 set clashes"
-    contains out.txt "clash: set conv METRO"
-    contains out.txt "clash: system KVX METRO"
+    expect_rc 1 "$persona" merge copy.pers "$sample" -o copy.pers
+    contains out.txt "names held by both: choose --prefer a, --prefer b or --rename-clashes SUFFIX; nothing written"
+    same_file copy.pers "$sample"
+    expect_rc 0 "$persona" merge copy.pers "$sample" --rename-clashes -B --dry-run
+    contains out.txt "dry run: nothing written"
+    [[ -e copy.pers.bak ]] && fail "a dry run wrote"
+    expect_rc 0 "$persona" merge copy.pers "$sample" --rename-clashes -B -o copy.pers
+    contains out.txt "clash: system KVX METRO: B's renamed to KVX METRO-B"
+    contains out.txt "clash: group set G-METRO: B's renamed to G-METRO-B"
+    contains out.txt "93 name clash(es), 0 error(s) added by the merge"
     same_file copy.pers.bak "$sample"
+    expect_rc 0 "$persona" check copy.pers
+    contains out.txt "0 error(s)"
     expect_rc 0 "$persona" info copy.pers
     contains out.txt "Systems                    - 24"
+    contains out.txt "Option Records             - 48"
+    expect_rc 64 "$persona" merge copy.pers "$sample" --prefer a --rename-clashes X -o x.pers
+    ;;
+  global_sets)
+    # export --global marks the set in the personality and writes the file with scope 1; a
+    # newer file is taken by refresh, which says so; the set stays global.
+    expect_rc 0 "$persona" set export "$sample" --kind conv --name south --dir sets --global -o g.pers
+    printf 'wrote conv set SOUTH to sets/SOUTH.CVS\nconv set SOUTH: marked global in g.pers\n' >want.txt
+    same_file out.txt want.txt
+    expect_rc 0 "$persona_sample" --channels 47 -o smaller.pers
+    expect_rc 0 "$persona" set export smaller.pers --kind conv --name SOUTH --dir sets
+    expect_rc 0 "$persona" set scope g.pers conv metro global --in-place
+    contains out.txt "conv set METRO: scope 0 -> 1 (global)"
+    cp g.pers before.pers
+    expect_rc 0 "$persona" set refresh g.pers --dir sets --dry-run
+    cat >want.txt <<'EOT'
+kept conv set METRO local: Global Conv set METRO not found, using local copy
+refreshed conv set SOUTH: 16 -> 15 elements
+2 global set(s): 1 refreshed, 1 kept local
+dry run: nothing written
+EOT
+    same_file out.txt want.txt
+    same_file g.pers before.pers
+    expect_rc 0 "$persona" set refresh g.pers --dir sets -o r.pers
+    expect_rc 0 "$persona" set refresh r.pers --dir sets --dry-run
+    contains out.txt "1 global set(s): 1 refreshed, 0 kept local"
+    expect_rc 64 "$persona" set refresh r.pers --dir sets
+    # import: a new set, then a clash that needs --replace (exit 4 without it).
+    expect_rc 0 "$persona" new --radio-type 103 -o new.pers
+    expect_rc 0 "$persona" set import new.pers sets/SOUTH.CVS -o imp.pers
+    contains out.txt "imported conv set SOUTH from sets/SOUTH.CVS (15 elements, global)"
+    expect_rc 4 "$persona" set import imp.pers sets/SOUTH.CVS -o imp2.pers
+    contains err.txt "imp.pers holds a conv set SOUTH already"
+    expect_rc 0 "$persona" set import imp.pers sets/SOUTH.CVS --replace --in-place
+    contains out.txt "replaced conv set SOUTH"
+    expect_rc 64 "$persona" set import imp.pers smaller.pers -o x.pers
+    ;;
+  set_files)
+    # info, check, export and report look at a global set file as one set.
+    expect_rc 0 "$persona" set export "$sample" --kind conv --name SOUTH --dir sets
+    expect_rc 0 "$persona" info sets/SOUTH.CVS
+    cat >want.txt <<'EOT'
+GLOBAL SET FILE:
+----------------
+   Kind                       - conv set (CConvSet)
+   Name                       - SOUTH
+   Scope                      - 1 - global
+   Elements                   - 16
+   File Size                  - 1674 bytes
+
+EOT
+    same_file out.txt want.txt
+    expect_rc 0 "$persona" check sets/SOUTH.CVS
+    contains out.txt "info FREQ_NOT_CHECKED file: no band limits given"
+    expect_rc 0 "$persona" check sets/SOUTH.CVS --limits-from "$sample"
+    contains out.txt "0 error(s), 0 warning(s), 0 note(s)"
+    expect_rc 1 "$persona" check sets/SOUTH.CVS --band 150 174 150 851.5
+    contains out.txt "error FREQ_OUT_OF_RANGE sets/conv/SOUTH/#9/RxFreq: channel FIRE 2 receives on 851.51250 MHz, outside 150.00000 - 851.50000 MHz"
+    contains out.txt "8 error(s)"
+    expect_rc 0 "$persona" export sets/SOUTH.CVS -o south.json
+    contains south.json '"$class": "CConvSet"'
+    expect_rc 0 "$persona" report sets/SOUTH.CVS
+    contains out.txt "SOUTH"
+    cp "$sample" fake.CVS
+    expect_rc 2 "$persona" info fake.CVS
+    expect_rc 2 "$persona" info sets/NOSUCH.CVS
+    contains err.txt "sets/NOSUCH.CVS"
     ;;
   commands)
     expect_rc 0 "$persona" --help
@@ -134,8 +242,10 @@ case "$case_name" in
     [[ -s sets/METRO.CVS ]] || fail "sets/METRO.CVS not written"
     expect_rc 0 "$persona" set export "$sample" --kind 0 --name T-NORTH --dir sets
     [[ -s sets/T-NORTH.TRS ]] || fail "sets/T-NORTH.TRS not written"
-    expect_rc 64 "$persona" set export "$sample" --kind conv --name NOSUCH --dir sets
-    expect_rc 64 "$persona" set export "$sample" --kind nosuch --name METRO --dir sets
+    expect_rc 4 "$persona" set export "$sample" --kind conv --name NORHT --dir sets
+    contains err.txt "holds no conv set named NORHT; the nearest: NORTH, "
+    expect_rc 64 "$persona" set export "$sample" --kind convx --name METRO --dir sets
+    contains err.txt "unknown set kind convx; the kinds: trunk, conv, group,"
     ;;
   integrity)
     # check: the sample has no errors; a name that points at nothing is an error with its code
@@ -156,25 +266,28 @@ case "$case_name" in
     expect_rc 2 "$persona" check missing.pers
     # prune: a dry run lists what goes and writes nothing; a real run writes what it listed.
     expect_rc 0 "$persona" prune "$sample" --dry-run -o never.pers
-    contains out.txt "removed set conv NORTH"
+    contains out.txt "removed conv set NORTH"
     contains out.txt "dry run: nothing written"
     [[ -e never.pers ]] && fail "prune --dry-run wrote a file"
     expect_rc 64 "$persona" prune "$sample"
     expect_rc 0 "$persona" prune "$sample" -o pruned.pers
-    contains out.txt "removed set eagroup E-NORTH"
+    contains out.txt "removed eagroup set E-NORTH"
     expect_rc 0 "$persona" prune pruned.pers --dry-run
     contains out.txt "0 record(s) removed"
     expect_rc 0 "$persona" prune "$sample" --radio-type 74 --dry-run
-    contains out.txt "removed system CConvSystem CNV METRO"
-    contains out.txt "removed set conv METRO"
+    contains out.txt "removed Conventional system CNV METRO"
+    contains out.txt "removed conv set METRO"
     # rename carries the new name into every record that names the set.
     expect_rc 0 "$persona" rename "$sample" --set conv metro DOWNTOWN -o renamed.pers
     contains out.txt "renamed conv set metro to DOWNTOWN"
     expect_rc 1 "$persona" diff "$sample" renamed.pers
-    contains out.txt 'changed Systems/CNV METRO/ConvSetName: "METRO" -> "DOWNTOWN"'
+    contains out.txt 'changed systems/CNV METRO/ConvSetName: "METRO" -> "DOWNTOWN"'
     expect_rc 0 "$persona" check renamed.pers
     contains out.txt "0 error(s)"
-    expect_rc 64 "$persona" rename "$sample" --system NOSUCH OTHER -o never.pers
+    expect_rc 4 "$persona" rename "$sample" --system NOSUCH OTHER -o never.pers
+    contains err.txt "holds no system named NOSUCH; the nearest: "
+    expect_rc 4 "$persona" rename "$sample" --set conv metro SOUTH -o never.pers
+    contains err.txt "the name SOUTH is taken by conv set SOUTH"
     [[ -e never.pers ]] && fail "a refused rename wrote a file"
     # set refresh: SOUTH marked global takes the content of its file; METRO, marked global
     # without a file, stays local with the message.
@@ -187,12 +300,84 @@ case "$case_name" in
     expect_rc 0 "$persona" set refresh global.pers --dir sets -o refreshed.pers
     contains out.txt "Global Conv set METRO not found, using local copy"
     expect_rc 1 "$persona" diff global.pers refreshed.pers
-    contains out.txt 'removed ConvSets/SOUTH/Elements/15: {"$class":"CConvChannel","Name":"MUTL 2"'
-    contains out.txt 'changed ConvSets/METRO/Scope: 1 -> 0'
+    contains out.txt 'removed sets/conv/SOUTH/MUTL 2: {"$class":"CConvChannel","Name":"MUTL 2"'
+    contains out.txt 'changed sets/conv/METRO/Scope: 1 -> 0'
+    ;;
+  edit)
+    # A path that check prints is accepted back by get and edit.
+    expect_rc 0 "$persona" edit "$sample" "systems/KVX METRO/GroupSetName=NOPE" --force -o broken.pers
+    contains out.txt 'added error REF_SET_MISSING systems/KVX METRO/GroupSetName: names group set "NOPE"'
+    expect_rc 1 "$persona" check broken.pers
+    path=$(sed -n 's/^error REF_SET_MISSING \([^:]*\):.*/\1/p' out.txt)
+    [[ "$path" == "systems/KVX METRO/GroupSetName" ]] || fail "check printed '$path'"
+    expect_rc 0 "$persona" get broken.pers "$path"
+    [[ "$(cat out.txt)" == NOPE ]] || fail "get printed $(cat out.txt)"
+    cp broken.pers fix.pers
+    expect_rc 1 "$persona" edit fix.pers "$path=ALSO-NOPE" --in-place  # still an error: not saved
+    same_file fix.pers broken.pers
+    expect_rc 0 "$persona" edit fix.pers "$path=g-metro" --in-place
+    expect_rc 0 "$persona" check fix.pers
+    # An edit of each field type changes exactly that field.
+    one_change() {  # PATH=VALUE, then the text the one diff line must hold
+      expect_rc 0 "$persona" edit "$sample" "$1" --force -o one.pers
+      expect_rc 1 "$persona" diff "$sample" one.pers
+      [[ $(grep -c . out.txt) -eq 1 ]] || fail "$1 made other changes: $(cat out.txt)"
+      contains out.txt "$2"
+    }
+    one_change "sets/conv/SOUTH/FIRE 1/RxFreq=851.5" "RxFreq: 851.4125 -> 851.5"
+    one_change "sets/conv/SOUTH/#1/Power=2" "Power: 0 -> 2"
+    one_change "options/CGenRadioOpts/Squelch=0xC8" "Squelch: 160 -> 200"
+    one_change "options/CAlarmOpts/Alarm1On=On" "Alarm1On: 0 -> 1"
+    one_change "options/CAlarmOpts/Alarm1Active=low" "Alarm1Active: 1 -> 0"
+    one_change "options/CP25OtarOpts/OtarEnabled=yes" "OtarEnabled: false -> true"
+    one_change "Description=Night shift" '-> "Night shift"'
+    one_change "sets/conv/METRO/HomeChan=PD 1" '-> "PD 1"'
+    # A set renamed by edit is renamed where it is named, too.
+    expect_rc 0 "$persona" edit "$sample" "sets/conv/south/Name=SOUTH 2" -o renamed.pers
+    expect_rc 0 "$persona" get renamed.pers "systems/CNV NORTH/ConvSetName" "sets/conv/SOUTH 2/#1/Name"
+    [[ "$(cat out.txt)" == $'SOUTH 2\nFIRE 1' ]] || fail "rename not carried: $(cat out.txt)"
+    # A bad value is refused and the file stays byte-identical.
+    cp "$sample" bad.pers
+    for bad in "sets/conv/SOUTH/FIRE 1/RxFreq=851,5" "options/CGenRadioOpts/Squelch=70000" \
+      "options/CAlarmOpts/Alarm1Active=Medium" "Name=$(printf '\xe6\x97\xa5')" "sets/conv/NOPE/Scope=1"; do
+      expect_rc 64 "$persona" edit bad.pers "$bad" --in-place
+      same_file bad.pers "$sample"
+      [[ -e bad.pers.bak ]] && fail "a refused edit wrote bad.pers ($bad)"
+    done
+    contains err.txt 'bad.pers: sets/conv/NOPE/Scope: no conv set "NOPE" (column 11) (nothing written)'
+    # A fleet: every file edited in place, a damaged one reported without stopping the others.
+    for n in 1 2 3 4; do cp "$sample" "fleet$n.pers"; done
+    head -c 500 "$sample" >fleet3.pers
+    expect_rc 2 "$persona" edit fleet*.pers "options/CGenRadioOpts/Squelch=200" "Name=FLEET" --in-place
+    contains err.txt "fleet3.pers: byte 494"
+    expect_rc 2 "$persona" get fleet*.pers options/CGenRadioOpts/Squelch Name
+    [[ "$(cat out.txt)" == $'fleet1.pers: 200\nfleet1.pers: FLEET\nfleet2.pers: 200\nfleet2.pers: FLEET\nfleet4.pers: 200\nfleet4.pers: FLEET' ]] ||
+      fail "fleet get: $(cat out.txt)"
+    same_file fleet1.pers.bak "$sample"
+    # list: the systems and sets, and a set's elements as a table.
+    expect_rc 0 "$persona" list "$sample"
+    contains out.txt "systems/CNV NORTH  Conventional  sets/conv/SOUTH, sets/phone/PH-SOUTH"
+    contains out.txt "sets/conv/NORTH  16 element(s)  local  used by nothing"
+    expect_rc 0 "$persona" list "$sample" conv SOUTH
+    [[ $(grep -c . out.txt) -eq 17 ]] || fail "list conv SOUTH: $(head -3 out.txt)"
+    contains out.txt "FIRE 1   FIRE 1  851.4125"
+    expect_rc 0 "$persona" show "$sample" "sets/conv/SOUTH/FIRE 1/RxCg"
+    [[ "$(cat out.txt)" == "sets/conv/SOUTH/FIRE 1/RxCg = 111.2" ]] || fail "show: $(cat out.txt)"
+    # The model catalogue follows the pruning rules: model 74 takes trunked systems only.
+    expect_rc 0 "$persona" models
+    grep -qx "74  Model 74 trunked  Korvex" out.txt || fail "models: no trunked-only 74"
+    contains out.txt "101  Model 101 P25 trunked  Korvex, Conventional, Project 25 Conventional"
     ;;
   exit_codes)
     expect_rc 64 "$persona"
-    expect_rc 64 "$persona" nosuch
+    expect_rc 64 "$persona" rprot
+    contains err.txt "unknown command rprot; the nearest: report"
+    expect_rc 64 "$persona" set exprot
+    contains err.txt "unknown command set exprot; the nearest: export"
+    # The exit-code table is in the top-level help only; usage lines name the program.
+    expect_rc 0 "$persona" merge --help
+    contains out.txt "Usage: persona merge"
+    grep -q "Exit codes" out.txt && fail "merge --help repeats the exit codes"
     expect_rc 64 "$persona" diff only-one.pers
     expect_rc 64 "$persona" new --radio-type 2 -o never.pers
     [[ -e never.pers ]] && fail "new with an unknown radio type wrote a file"
@@ -220,7 +405,7 @@ case "$case_name" in
     cat "$sample" | "$persona" export - -o - >sample.json || fail "export - -o - failed"
     "$persona" import - -o - <sample.json >back.pers || fail "import - -o - failed"
     same_file back.pers "$sample"
-    "$persona" merge "$sample" "$sample" -o - >merged.pers 2>err.txt || fail "merge -o - failed"
+    "$persona" merge "$sample" "$sample" --prefer a -o - >merged.pers 2>err.txt || fail "merge -o - failed"
     contains err.txt "name clash(es)"
     expect_rc 64 "$persona" diff - - <"$sample"
     contains err.txt "standard input (-) can be given only once"

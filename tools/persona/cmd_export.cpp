@@ -1,6 +1,9 @@
 // persona export FILE [-o OUT.json]: the lossless JSON document of a personality file.
 #include "command.h"
+#include "input_file.h"
+#include "io/json/json_writer.h"
 #include "io/json/personality_json.h"
+#include "text_output.h"
 
 namespace persona::cli {
 
@@ -13,12 +16,21 @@ void RegisterExport(Context& context) {
   CLI::App* cmd = context.App().add_subcommand(
       "export",
       "Write the JSON document of a personality file: every field of every record by its "
-      "accessor name. `import` turns it back into the same bytes.");
-  cmd->add_option("FILE", args->file, "Personality file")->required();
+      "accessor name. `import` turns it back into the same bytes. For a global set file "
+      "(NAME.TRS, NAME.CVS, ...), the JSON object of its set.");
+  cmd->add_option("FILE", args->file, "Personality file or global set file")->required();
   cmd->add_option("-o,--output", args->output, "JSON file to write (default: stdout)");
   cmd->callback([args] {
-    LoadedPersonality loaded = LoadInput(args->file);
-    WriteText(args->output, ExportPersonalityJson(*loaded.personality).dump(2) + "\n");
+    OpenedFile opened = OpenPersonalityOrSet(args->file);
+    TextOutput out(args->output);
+    if (opened.set != nullptr) {
+      out.Write(JsonExporter().Export(*opened.set).dump(2));
+    } else {
+      WritePersonalityJson(*opened.loaded.personality,
+                           [&out](std::string_view text) { out.Write(text); });
+    }
+    out.Write('\n');
+    out.Commit();
   });
 }
 

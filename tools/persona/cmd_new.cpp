@@ -22,8 +22,13 @@ void RegisterNew(Context& context) {
   cmd->add_option("-o,--output", args->output, "Personality file to write")->required();
   cmd->callback([args] {
     if (FindRadioModel(args->radioType) == nullptr) {
+      std::size_t count = 0;
+      const RadioModel* models = RadioModelCatalogue(&count);
+      std::string known;
+      for (std::size_t i = 0; i < count; ++i)
+        known += (i ? " " : "") + std::to_string(models[i].radioType);
       throw UsageError("radio type " + std::to_string(args->radioType) +
-                       " is not in the model catalogue");
+                       " is not in the model catalogue; the radio types it holds: " + known);
     }
     auto personality = NewModelPersonality(static_cast<unsigned short>(args->radioType));
     personality->SetName(CString(args->name));

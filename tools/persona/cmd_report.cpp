@@ -2,7 +2,9 @@
 #include "command.h"
 #include "embedded_sample.h"
 #include "framework/exceptions.h"
+#include "input_file.h"
 #include "report/personality_report.h"
+#include "text_output.h"
 
 namespace persona::cli {
 
@@ -15,8 +17,10 @@ void RegisterReport(Context& context) {
   CLI::App* cmd = context.App().add_subcommand(
       "report",
       "Print the report of a personality: title, options, systems, then the sets by kind. "
+      "A global set file (NAME.TRS, NAME.CVS, ...) is reported as the one set it holds. "
       "Without FILE, the report of the bundled sample personality.");
-  cmd->add_option("FILE", args->file, "Personality file (default: the bundled sample)");
+  cmd->add_option("FILE", args->file,
+                  "Personality or global set file (default: the bundled sample)");
   cmd->add_option("-o,--output", args->output, "Write the report to OUT instead of stdout");
   cmd->callback([args] {
     LoadedPersonality loaded;
@@ -27,11 +31,16 @@ void RegisterReport(Context& context) {
         throw InputError(e.what());
       }
     } else {
-      loaded = LoadInput(args->file);
+      loaded = std::move(OpenPersonalityOrSet(args->file).loaded);
     }
-    CStringArray lines;
-    PrintPersonalityReport(*loaded.personality, lines);
-    WriteText(args->output, JoinLines(lines));
+    TextOutput out(args->output);
+    StreamPersonalityReport(*loaded.personality, [&out](const CStringArray& lines) {
+      for (const CString& line : lines) {
+        out.Write(line.str());
+        out.Write('\n');
+      }
+    });
+    out.Commit();
   });
 }
 

@@ -4,12 +4,15 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cctype>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 
 #include "framework/exceptions.h"
 #include "framework/file_io.h"
+#include "io/json/json_reader.h"
 #include "io/json/personality_json.h"
 
 namespace persona::cli {
@@ -114,6 +117,10 @@ std::unique_ptr<CPersonality> LoadJsonInput(const std::string& path) {
     throw InputError(name + ": this is a global set file, not a JSON document");
   }
   try {
+    // Records straight from the parser's events; any other form or a fault is read whole.
+    std::unique_ptr<CPersonality> streamed =
+        StreamPersonalityJson(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    if (streamed) return streamed;
     const Json doc = Json::parse(bytes.begin(), bytes.end());
     return ImportPersonalityJson(doc, name);
   } catch (const Json::exception& e) {
@@ -164,6 +171,37 @@ std::string JoinLines(const CStringArray& lines) {
     text += line.str();
     text += '\n';
   }
+  return text;
+}
+
+namespace {
+
+// Levenshtein distance, letter case aside; two rows of the table.
+std::size_t EditDistance(const std::string& a, const std::string& b) {
+  std::vector<std::size_t> row(b.size() + 1), next(b.size() + 1);
+  for (std::size_t j = 0; j <= b.size(); ++j) row[j] = j;
+  for (std::size_t i = 1; i <= a.size(); ++i) {
+    next[0] = i;
+    for (std::size_t j = 1; j <= b.size(); ++j) {
+      const bool same = std::toupper(static_cast<unsigned char>(a[i - 1])) ==
+                        std::toupper(static_cast<unsigned char>(b[j - 1]));
+      next[j] = std::min({row[j] + 1, next[j - 1] + 1, row[j - 1] + (same ? 0 : 1)});
+    }
+    row.swap(next);
+  }
+  return row[b.size()];
+}
+
+}  // namespace
+
+std::string NearestNames(const std::string& wanted, const std::vector<std::string>& candidates) {
+  std::vector<std::pair<std::size_t, std::string>> ranked;
+  ranked.reserve(candidates.size());
+  for (const std::string& c : candidates) ranked.emplace_back(EditDistance(wanted, c), c);
+  const std::size_t n = std::min<std::size_t>(3, ranked.size());
+  std::partial_sort(ranked.begin(), ranked.begin() + static_cast<std::ptrdiff_t>(n), ranked.end());
+  std::string text;
+  for (std::size_t i = 0; i < n; ++i) text += (i ? ", " : "; the nearest: ") + ranked[i].second;
   return text;
 }
 

@@ -22,6 +22,7 @@ enum ExitCode : int {
   kExitDifferent = 1,   // diff: the files differ
   kExitUnreadable = 2,  // an input file cannot be read or is damaged
   kExitUnwritable = 3,  // an output file cannot be written (the old file is intact)
+  kExitNotHeld = 4,     // the file does not hold the system, set or record named
   kExitUsage = 64,      // the command line is wrong
 };
 
@@ -33,6 +34,10 @@ struct OutputError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 struct UsageError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+// The file is read, but it does not hold what the command line names (or a new name is taken).
+struct NotHeldError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
@@ -83,5 +88,9 @@ void SaveOutput(const std::string& path, const CPersonality& personality);
 void WriteText(const std::string& path, const std::string& text);
 // The lines joined, each ending in '\n'.
 std::string JoinLines(const CStringArray& lines);
+
+// Up to three of candidates nearest to wanted (fewest edits, letter case aside), nearest first,
+// as "; the nearest: A, B, C"; empty when there are no candidates.
+std::string NearestNames(const std::string& wanted, const std::vector<std::string>& candidates);
 
 }  // namespace persona::cli

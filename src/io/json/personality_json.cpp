@@ -5,8 +5,8 @@ namespace persona {
 
 namespace {
 
-constexpr const char* kFormat = "persona-personality";
-constexpr int kFormatVersion = 1;
+constexpr const char* kFormat = kPersonalityJsonFormat;
+constexpr int kFormatVersion = kPersonalityJsonFormatVersion;
 
 }  // namespace
 

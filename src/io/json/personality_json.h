@@ -12,6 +12,10 @@
 
 namespace persona {
 
+// The "format" and "formatVersion" of personality documents.
+inline constexpr char kPersonalityJsonFormat[] = "persona-personality";
+inline constexpr int kPersonalityJsonFormatVersion = 1;
+
 // Returns the JSON document of personality.
 Json ExportPersonalityJson(const CPersonality& personality);
 

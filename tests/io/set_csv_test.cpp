@@ -1,0 +1,220 @@
+// The CSV form of sets: the reader and writer on awkward text, export -> import round trips of
+// every set kind, imports that edit, and the faults that must name their row and column.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "conventional/conv_set.h"
+#include "io/csv/set_csv.h"
+#include "io/personality_file.h"
+#include "sample/sample_personality.h"
+#include "support/test_data.h"
+#include "systems/trunk_set.h"
+
+namespace persona {
+namespace {
+
+std::vector<std::vector<std::string>> ReadAll(std::string_view text, char delimiter = ',') {
+  CsvReader reader(text, delimiter, "t.csv");
+  std::vector<std::vector<std::string>> rows;
+  std::vector<std::string> cells;
+  while (reader.Next(cells)) rows.push_back(cells);
+  return rows;
+}
+
+std::string CsvError(std::string_view text) {
+  try {
+    ReadAll(text);
+  } catch (const CCsvException& e) {
+    return e.what();
+  }
+  return "no error";
+}
+
+TEST(CsvText, ReadsWhatSpreadsheetsWrite) {
+  const std::string text =
+      "\xEF\xBB\xBF"
+      "a,\"b,c\",\"say \"\"hi\"\"\"\r\n"
+      "\r\n"
+      "\"two\nlines\",,x\n"
+      "last;cell\r"
+      "\"\"";
+  CsvReader reader(text, ',', "t.csv");
+  std::vector<std::string> cells;
+  ASSERT_TRUE(reader.Next(cells));
+  EXPECT_EQ(cells, (std::vector<std::string>{"a", "b,c", "say \"hi\""}));
+  ASSERT_TRUE(reader.Next(cells));
+  EXPECT_EQ(reader.Row(), 3u);  // the blank line is a row of the spreadsheet too
+  EXPECT_EQ(cells, (std::vector<std::string>{"two\nlines", "", "x"}));
+  ASSERT_TRUE(reader.Next(cells));
+  EXPECT_EQ(cells, (std::vector<std::string>{"last;cell"}));
+  ASSERT_TRUE(reader.Next(cells));
+  EXPECT_EQ(cells, (std::vector<std::string>{""}));
+  EXPECT_FALSE(reader.Next(cells));
+  EXPECT_EQ(ReadAll("x;\"y;z\"\n", ';'), (std::vector<std::vector<std::string>>{{"x", "y;z"}}));
+
+  EXPECT_EQ(CsvError("a,b\nc,\"open\n"), "t.csv: row 2, column 2: the quoted cell is never closed");
+  EXPECT_EQ(CsvError("a,\"b\"c\n"),
+            "t.csv: row 1, column 2: text after the closing quote of a quoted cell (a quote "
+            "inside a quoted cell is written twice)");
+  EXPECT_THROW(CsvReader("", '"', ""), CInvalidArgException);
+}
+
+TEST(CsvText, QuotesOnlyWhereNeededOrAsked) {
+  std::string out;
+  CsvStyle style;
+  style.bom = true;
+  const std::vector<bool> quoted{false, true};
+  AppendCsvRow({"plain", "12", "a,b", " pad", "q\"", ""}, style, out, &quoted);
+  style.delimiter = ';';
+  style.crlf = false;
+  AppendCsvRow({"a,b", "c;d"}, style, out);
+  EXPECT_EQ(out, "\xEF\xBB\xBFplain,\"12\",\"a,b\",\" pad\",\"q\"\"\",\r\na,b;\"c;d\"\n");
+}
+
+class SetCsv : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    p = BuildSamplePersonality();
+    bytes = StorePersonalityBytes(*p);
+  }
+  CsvImportResult Import(const std::string& csv, bool force = false, SetType type = ConvSetType,
+                         const std::string& set = "METRO") {
+    CsvImportOptions options;
+    options.force = force;
+    options.source = "edit.csv";
+    return ImportSetCsv(*p, type, set, csv, options);
+  }
+  std::string ImportError(const std::string& csv) {
+    try {
+      Import(csv);
+    } catch (const CCsvException& e) {
+      return e.what();
+    }
+    return "no error";
+  }
+  CConvChannel* Channel(int i) {
+    return static_cast<CConvChannel*>(p->GetSet(CString("METRO"), ConvSetType)->GetAt(i));
+  }
+  std::unique_ptr<CPersonality> p;
+  std::vector<BYTE> bytes;
+};
+
+TEST_F(SetCsv, EverySetKindRoundTripsByteForByte) {
+  CsvExportOptions styles[2];
+  styles[1].words = true;
+  styles[1].style = CsvStyle{';', false, true};
+  for (const CsvExportOptions& options : styles) {
+    for (int type = 0; type < kNumSetTypes; ++type) {
+      for (int i = 0; CSet* set = p->GetSetAt(i, static_cast<SetType>(type)); ++i) {
+        CsvImportOptions in;
+        in.delimiter = options.style.delimiter;
+        const CsvImportResult r = ImportSetCsv(*p, static_cast<SetType>(type), set->GetName().str(),
+                                               ExportSetCsv(*set, options), in);
+        EXPECT_EQ(r.rows, static_cast<std::size_t>(set->GetCount()));
+        EXPECT_EQ(r.added + r.changed + r.removed, 0u) << set->GetName().str();
+      }
+    }
+    ASSERT_EQ(test::Hex(StorePersonalityBytes(*p)), test::Hex(bytes));
+  }
+}
+
+TEST_F(SetCsv, AnEditImportsExactlyItsChanges) {
+  // Columns reordered and in other letter case, most left out; PD 1 dropped, a channel added
+  // at the front, FIRE 1 retuned, a spreadsheet's 15 digits of EMS 1 kept as they were.
+  const double ems = std::nextafter(Channel(2)->GetRxFreq(), 1000.0);  // 17 digits to print
+  Channel(2)->SetRxFreq(ems);
+  bytes = StorePersonalityBytes(*p);
+  char ems15[32];
+  std::snprintf(ems15, sizeof ems15, "%.15g", ems);
+  const std::string csv = std::string("rxfreq, NAME \r\n") + "155.55,NEW 1\r\n" +
+                          "851.0375,FIRE 1\r\n" + ems15 + ",EMS 1\r\n";
+  CsvImportResult r = Import(csv);
+  ASSERT_TRUE(r.blocked);
+  ASSERT_EQ(r.references.size(), 1u);
+  EXPECT_EQ(r.references[0].path, "sets/conv/METRO/P1Chan");
+  EXPECT_EQ(r.references[0].name, "PD 1");
+  EXPECT_EQ(test::Hex(StorePersonalityBytes(*p)), test::Hex(bytes)) << "blocked, yet changed";
+
+  const double fire1Tx = Channel(0)->GetTxFreq();
+  r = Import(csv, true);
+  EXPECT_FALSE(r.blocked);
+  EXPECT_EQ(r.rows, 3u);
+  EXPECT_EQ(r.added, 1u);
+  EXPECT_EQ(r.changed, 1u);
+  EXPECT_EQ(r.removed, 14u);
+  const CConvSet* set = static_cast<CConvSet*>(p->GetSet(CString("metro"), ConvSetType));
+  ASSERT_EQ(set->GetCount(), 3);
+  EXPECT_EQ(set->GetP1Chan(), CString());
+  EXPECT_EQ(set->GetHomeChan(), CString("FIRE 1"));
+  EXPECT_EQ(Channel(0)->GetName(), CString("NEW 1"));
+  EXPECT_EQ(Channel(0)->GetSquelch(), CConvChannel(p->GetLastRadio(), 0).GetSquelch());
+  EXPECT_EQ(Channel(0)->GetRxFreq(), 155.55);
+  EXPECT_EQ(Channel(1)->GetRxFreq(), 851.0375);
+  EXPECT_EQ(Channel(1)->GetTxFreq(), fire1Tx);  // a column left out keeps its value
+  EXPECT_EQ(Channel(2)->GetRxFreq(), ems);
+  // 155.55 MHz is outside the set's band: the one finding the import added.
+  ASSERT_EQ(r.addedFindings.size(), 1u);
+  EXPECT_EQ(r.addedFindings[0].code, "FREQ_OUT_OF_RANGE");
+}
+
+TEST_F(SetCsv, RowsOfOneNameMatchInOrderAndMayMove) {
+  // Two elements named DUP: the first row of that name is the first element.
+  Channel(1)->SetName(CString("DUP"));
+  Channel(3)->SetName(CString("DUP"));
+  const CsvImportResult r = Import("Name,Squelch\nDUP,7\nDUP,8\nFIRE 1,0\n", true);
+  EXPECT_TRUE(r.reordered);
+  EXPECT_EQ(r.removed, 13u);
+  ASSERT_EQ(p->GetSet(CString("METRO"), ConvSetType)->GetCount(), 3);
+  EXPECT_EQ(Channel(0)->GetSquelch(), 7);
+  EXPECT_EQ(Channel(0)->GetTxCg(), CString("74.1"));  // PD 1's tone: the first DUP
+  EXPECT_EQ(Channel(1)->GetSquelch(), 8);
+  EXPECT_EQ(Channel(2)->GetName(), CString("FIRE 1"));
+}
+
+TEST_F(SetCsv, FaultsNameRowAndColumnAndChangeNothing) {
+  EXPECT_EQ(ImportError("Name,Colour\nA,red\n").substr(0, 88),
+            "edit.csv: row 1, column 2: unknown column \"Colour\" (the columns are Name, TxFreq, "
+            "RxFreq");
+  EXPECT_EQ(ImportError("Name,Squelch\nA,1\nB,300\n"),
+            "edit.csv: row 3, column 2: Squelch: \"300\" does not fit: the field holds 0 to 255");
+  EXPECT_EQ(ImportError("Name,name\n"), "edit.csv: row 1, column 2: the column Name appears twice");
+  EXPECT_EQ(ImportError("RxFreq\n851\n"),
+            "edit.csv: row 1, column 2: no Name column (rows are matched to the elements by name)");
+  EXPECT_EQ(ImportError("Name,TxCg\n\"A\",\"\xE4\xB8\xAD\"\n"),
+            "edit.csv: row 2, column 2: the character \"\xE4\xB8\xAD\" is not in the "
+            "personality's code page (Windows-1252)");
+  EXPECT_EQ(ImportError("Name\nA\xFF\n"),
+            "edit.csv: row 2, column 1: byte 2 of the cell is not UTF-8");
+  EXPECT_EQ(ImportError("Name,RxFreq\nA\n"),
+            "edit.csv: row 2, column 2: the row ends after 1 cells; the header has 2");
+  EXPECT_EQ(ImportError("Name\nA,,x\n"),
+            "edit.csv: row 2, column 3: a value beyond the last column of the header");
+  EXPECT_EQ(test::Hex(StorePersonalityBytes(*p)), test::Hex(bytes));
+  // Characters of the code page come through; a decimal comma is a decimal point.
+  Import("Name,TxCg,RxFreq\n\"FIRE 1\",\"Caf\xC3\xA9\",\"851,5\"\n", true);
+  EXPECT_EQ(Channel(0)->GetTxCg(), CString("Caf\xE9"));
+  EXPECT_EQ(Channel(0)->GetRxFreq(), 851.5);
+}
+
+TEST_F(SetCsv, MakesMissingSetsAndMatchesNamelessElementsByPosition) {
+  CsvImportResult r = Import("Name,RxFreq\nA,851.5\n", false, ConvSetType, "NEWSET");
+  EXPECT_TRUE(r.createdSet);
+  const CSet* made = p->GetSet(CString("NEWSET"), ConvSetType);
+  ASSERT_NE(made, nullptr);
+  EXPECT_EQ(made->GetCount(), 1);
+  EXPECT_EQ(made->GetSetType(), ConvSetType);
+
+  CSet* trunk = p->GetSetAt(0, TrunkSetType);
+  const int before = trunk->GetCount();
+  const double txBefore = static_cast<CTrunkChannel*>(trunk->GetAt(0))->GetTxFreq();
+  r = Import("RxFreq\n860.5\n", false, TrunkSetType, trunk->GetName().str());
+  EXPECT_EQ(r.changed, 1u);
+  EXPECT_EQ(r.removed, static_cast<std::size_t>(before - 1));
+  ASSERT_EQ(trunk->GetCount(), 1);
+  EXPECT_EQ(static_cast<CTrunkChannel*>(trunk->GetAt(0))->GetRxFreq(), 860.5);
+  EXPECT_EQ(static_cast<CTrunkChannel*>(trunk->GetAt(0))->GetTxFreq(), txBefore);
+}
+
+}  // namespace
+}  // namespace persona

@@ -1,0 +1,151 @@
+// Documents written and read as they are produced: the streamed JSON document is byte for byte
+// the dump of the whole document (escapes, code page, non-finite numbers, empty lists, shared
+// keys), in bounded pieces; the streamed report is the whole report, block by block; the
+// streaming reader gives back the same bytes, hands any other form to the whole-document
+// reader, and faults keep their JSON pointer.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <limits>
+#include <sstream>
+#include <string>
+
+#include "io/json/json_reader.h"
+#include "io/json/json_writer.h"
+#include "io/json/personality_json.h"
+#include "io/personality_file.h"
+#include "report/personality_report.h"
+#include "sample/sample_personality.h"
+
+namespace persona {
+namespace {
+
+TEST(StreamedOutput, JsonIsTheDumpOfTheWholeDocumentInBoundedPieces) {
+  SampleSpec shape;
+  shape.conventionalChannels = 3000;
+  shape.channelsPerSet = 1000;
+  std::unique_ptr<CPersonality> p = BuildSamplePersonality(shape);
+  // Every escape, a byte of each UTF-8 length, a non-finite number.
+  p->SetDescription(CString(std::string("q\"b\\s/\b\f\n\r\t\x01\x1F\x7F \xE9\x80\x9F\0", 19)));
+  p->SetTxMaxFreq(-std::numeric_limits<double>::infinity());
+  p->SetRxMinFreq(1e-7);
+  p->SetRxMaxFreq(12345678.125);
+  std::string text;
+  std::size_t pieces = 0, largest = 0;
+  WritePersonalityJson(*p, [&](std::string_view piece) {
+    EXPECT_FALSE(piece.empty());
+    text.append(piece);
+    ++pieces;
+    largest = std::max(largest, piece.size());
+  });
+  EXPECT_EQ(text, ExportPersonalityJson(*p).dump(2));
+  EXPECT_GT(pieces, 10u);
+  EXPECT_LT(largest, 80u * 1024);
+  EXPECT_NE(text.find(R"("Description": "q\"b\\s/\b\f\n\r\t\u0001\u001f)"
+                      "\x7F \xC3\xA9\xE2\x82\xAC\xC5\xB8\\u0000\""),
+            std::string::npos);
+}
+
+TEST(StreamedOutput, ReportBlocksMakeTheWholeReport) {
+  std::unique_ptr<CPersonality> p = BuildSamplePersonality();
+  CStringArray whole;
+  PrintPersonalityReport(*p, whole);
+  std::vector<std::string> streamed;
+  int blocks = 0;
+  StreamPersonalityReport(*p, [&](const CStringArray& lines) {
+    ++blocks;
+    if (blocks == 1) {
+      EXPECT_EQ(lines[0].str(), "PERSONALITY:");
+    }
+    for (const CString& line : lines) streamed.push_back(line.str());
+  });
+  ASSERT_EQ(streamed.size(), static_cast<std::size_t>(whole.GetSize()));
+  for (int i = 0; i < whole.GetSize(); ++i) EXPECT_EQ(streamed[i], whole[i].str()) << i;
+  int sets = 0;
+  for (int t = 0; t < kNumSetTypes; ++t) sets += p->GetNumSets(static_cast<SetType>(t));
+  // The title, each option record but those printed by their owners, each system, each set
+  // kind's heading and each set.
+  EXPECT_GT(blocks, 1 + p->GetNumSystems() + kNumSetTypes + sets);
+  EXPECT_LE(blocks, 1 + p->GetNumOptions() + p->GetNumSystems() + kNumSetTypes + sets);
+}
+
+std::string StreamedJson(CPersonality& p) {
+  std::string text;
+  WritePersonalityJson(p, [&text](std::string_view piece) { text.append(piece); });
+  return text;
+}
+
+std::string WriteTemp(const std::string& name, const std::string& text) {
+  const std::string path = ::testing::TempDir() + "/" + name;
+  std::ofstream(path, std::ios::binary) << text;
+  return path;
+}
+
+TEST(StreamedJson, ReadsBackTheSameBytesAndHandsOtherFormsToTheWholeReader) {
+  std::unique_ptr<CPersonality> p = BuildSamplePersonality();
+  p->SetTxMaxFreq(std::numeric_limits<double>::quiet_NaN());
+  const std::vector<BYTE> bytes = StorePersonalityBytes(*p);
+  const std::string text = StreamedJson(*p);
+  std::istringstream in(text);
+  std::unique_ptr<CPersonality> back = StreamPersonalityJson(in);
+  ASSERT_NE(back, nullptr);
+  EXPECT_EQ(StorePersonalityBytes(*back), bytes);
+  // "$class" after the fields: valid, but read whole.
+  Json doc = Json::parse(text);
+  Json& personality = doc["personality"];
+  personality.erase("$class");
+  personality["$class"] = "CPersonality";
+  const std::string moved = doc.dump();
+  std::istringstream movedIn(moved);
+  EXPECT_EQ(StreamPersonalityJson(movedIn), nullptr);
+  const std::string path = WriteTemp("moved_class.json", moved);
+  EXPECT_EQ(StorePersonalityBytes(*ReadPersonalityJsonFile(path)), bytes);
+  std::remove(path.c_str());
+}
+
+TEST(StreamedJson, FaultsAreNamedByTheirPointer) {
+  std::unique_ptr<CPersonality> p = BuildSamplePersonality();
+  const Json good = Json::parse(StreamedJson(*p));
+  const std::string elements = "/personality/ConvSets/0/Elements";
+  const struct {
+    std::string pointer;  // where the fault is planted
+    Json value;
+    std::string reported;  // the pointer of the fault (the message may leave out /personality)
+  } faults[] = {
+      {"/format", "persona-set", "/format"},
+      {"/formatVersion", 2, "/formatVersion"},
+      {elements + "/1/RxFreq", "450", elements + "/1/RxFreq"},
+      {elements + "/1/NoSuchField", 1, elements + "/1/NoSuchField"},
+      {elements + "/1/TxAddr", 70000, elements + "/1/TxAddr"},
+      {elements + "/1/Scan", -1, elements + "/1/Scan"},
+      {elements + "/1/Backlight", true, elements + "/1/Backlight"},
+      {elements + "/1/Name", 5, elements + "/1/Name"},
+      {elements + "/2", Json{{"$class", "CNoSuchRecord"}}, elements + "/2"},
+      {elements + "/0/$class", 7, elements + "/0"},
+  };
+  for (const auto& fault : faults) {
+    Json doc = good;
+    doc[Json::json_pointer(fault.pointer)] = fault.value;
+    std::istringstream in(doc.dump());
+    EXPECT_EQ(StreamPersonalityJson(in), nullptr) << fault.pointer;
+    const std::string path = WriteTemp("fault.json", doc.dump());
+    try {
+      ReadPersonalityJsonFile(path);
+      ADD_FAILURE() << fault.pointer << " was accepted";
+    } catch (const CJsonImportException& e) {
+      const std::string& got = e.m_pointer;
+      EXPECT_TRUE(got.size() >= 7 && fault.reported.size() >= got.size() &&
+                  fault.reported.compare(fault.reported.size() - got.size(), got.size(), got) == 0)
+          << got << " for " << fault.reported;
+      EXPECT_EQ(std::string(e.what()).rfind(path + ": " + got + ": ", 0), 0u) << e.what();
+    }
+    std::remove(path.c_str());
+  }
+  std::istringstream truncated(good.dump().substr(0, 5000));
+  EXPECT_EQ(StreamPersonalityJson(truncated), nullptr);
+}
+
+}  // namespace
+}  // namespace persona
