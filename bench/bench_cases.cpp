@@ -7,12 +7,12 @@
 #include <stdexcept>
 #include <system_error>
 
-#include "conventional/conv_set.h"
-#include "core/global_sets.h"
-#include "core/set.h"
-#include "framework/fields.h"
-#include "framework/prompt.h"
-#include "io/personality_file.h"
+#include <persona/conventional/conv_set.h>
+#include <persona/core/set.h>
+#include <persona/framework/fields.h>
+#include <persona/framework/prompt.h>
+#include <persona/io/personality_file.h>
+#include <persona/personality/global_sets.h>
 #include "sample/sample_personality.h"
 
 namespace persona::bench {

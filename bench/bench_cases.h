@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "core/personality.h"
-#include "framework/types.h"
+#include <persona/framework/types.h>
+#include <persona/personality/personality.h>
 
 namespace persona::bench {
 

@@ -5,9 +5,9 @@
 #include <memory>
 #include <string>
 
+#include <persona/conventional/conv_set.h>
+#include <persona/io/json/record_diff.h>
 #include "bench_cases.h"
-#include "conventional/conv_set.h"
-#include "io/json/record_diff.h"
 
 namespace persona::bench {
 namespace {

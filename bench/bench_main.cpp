@@ -13,12 +13,12 @@
 #include <string>
 #include <vector>
 
+#include <persona/framework/prompt.h>
+#include <persona/io/personality_file.h>
 #include "bench_cases.h"
 #include "bench_operations.h"
 #include "boost_reference.h"
-#include "framework/prompt.h"
 #include "heap_meter.h"
-#include "io/personality_file.h"
 
 namespace persona::bench {
 namespace {

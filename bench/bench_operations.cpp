@@ -5,16 +5,16 @@
 #include <cstring>
 #include <string>
 
+#include <persona/core/set_types.h>
+#include <persona/framework/collections.h>
+#include <persona/integrity/checker.h>
+#include <persona/integrity/references.h>
+#include <persona/io/personality_file.h>
+#include <persona/personality/global_sets.h>
+#include <persona/report/personality_report.h>
 #include "bench_cases.h"
 #include "bench_diff.h"
 #include "boost_reference.h"
-#include "core/global_sets.h"
-#include "core/set_types.h"
-#include "framework/collections.h"
-#include "integrity/checker.h"
-#include "integrity/references.h"
-#include "io/personality_file.h"
-#include "report/personality_report.h"
 
 namespace persona::bench {
 namespace {

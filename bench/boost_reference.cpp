@@ -18,8 +18,8 @@
 #include <type_traits>
 #include <unordered_set>
 
-#include "framework/collections.h"
-#include "framework/fields.h"
+#include <persona/framework/collections.h>
+#include <persona/framework/fields.h>
 #include "record_headers.h"
 
 namespace persona::bench {

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "core/personality.h"
+#include <persona/personality/personality.h>
 
 namespace persona::bench {
 

@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "core/personality.h"
-#include "io/csv/set_csv.h"
+#include <persona/io/csv/set_csv.h>
+#include <persona/personality/personality.h>
 
 using namespace persona;
 

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "io/json/personality_json.h"
+#include <persona/io/json/personality_json.h>
 
 using namespace persona;
 

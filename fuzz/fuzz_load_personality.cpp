@@ -7,8 +7,8 @@
 #include <memory>
 #include <vector>
 
-#include "core/personality.h"
-#include "framework/archive.h"
+#include <persona/framework/archive.h>
+#include <persona/personality/personality.h>
 
 using namespace persona;
 

@@ -6,8 +6,8 @@
 #include <memory>
 #include <vector>
 
-#include "core/set.h"
-#include "framework/archive.h"
+#include <persona/core/set.h>
+#include <persona/framework/archive.h>
 
 using namespace persona;
 

@@ -14,17 +14,17 @@
 #include <string>
 #include <vector>
 
-#include "core/personality.h"
-#include "core/set.h"
-#include "framework/archive.h"
-#include "framework/fields.h"
-#include "io/json/personality_json.h"
-#include "io/personality_file.h"
+#include <persona/core/set.h>
+#include <persona/framework/archive.h>
+#include <persona/framework/fields.h>
+#include <persona/io/json/personality_json.h>
+#include <persona/io/personality_file.h>
+#include <persona/personality/personality.h>
+#include <persona/systems/esk_data.h>
+#include <persona/systems/group_set.h>
+#include <persona/systems/system.h>
+#include <persona/systems/trunk_set.h>
 #include "support/record_testing.h"
-#include "systems/esk_data.h"
-#include "systems/group_set.h"
-#include "systems/system.h"
-#include "systems/trunk_set.h"
 
 using namespace persona;
 

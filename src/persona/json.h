@@ -2,7 +2,12 @@
 // everything of <persona/persona.h>. Written by scripts/layers.py umbrella.
 #pragma once
 
-#include "io/json/personality_json.h"
-#include "io/json/record_diff.h"
-#include "io/json/record_json.h"
-#include "persona/persona.h"
+#include <persona/io/csv/csv_columns.h>
+#include <persona/io/csv/csv_text.h>
+#include <persona/io/csv/set_csv.h>
+#include <persona/io/json/json_reader.h>
+#include <persona/io/json/json_writer.h>
+#include <persona/io/json/personality_json.h>
+#include <persona/io/json/record_diff.h>
+#include <persona/io/json/record_json.h>
+#include <persona/persona.h>

@@ -1,6 +1,6 @@
 // Individual calls and their sets: the schema-1 vector, the ID moving into the 32-bit field,
 // the stored layout, equality without Digital and report lines.
-#include "calls/icall_set.h"
+#include <persona/calls/icall_set.h>
 
 #include <gtest/gtest.h>
 

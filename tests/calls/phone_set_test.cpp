@@ -1,6 +1,6 @@
 // Phone calls and phone sets: the archive vectors, the one-blank repair, an older schema,
 // equality, lookups and report lines.
-#include "calls/phone_set.h"
+#include <persona/calls/phone_set.h>
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 // Special calls and messaging special calls: defaults, stored bytes, equality, lookups and
 // report lines.
-#include "calls/sp_call_set.h"
+#include <persona/calls/sp_call_set.h>
 
 #include <gtest/gtest.h>
 
-#include "calls/plm_sp_call_set.h"
+#include <persona/calls/plm_sp_call_set.h>
 #include "support/bytes.h"
 #include "support/record_testing.h"
 #include "support/test_data.h"

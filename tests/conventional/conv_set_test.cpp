@@ -1,6 +1,6 @@
 // Conventional channels and channel sets: the archive layout of every schema, stored bytes,
 // equality, the frequency check, copy rules, references, model defaults and report lines.
-#include "conventional/conv_set.h"
+#include <persona/conventional/conv_set.h>
 
 #include <gtest/gtest.h>
 

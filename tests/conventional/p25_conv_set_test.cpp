@@ -1,6 +1,6 @@
 // P25 conventional channels and sets: stored bytes, older schemas, the 1 Hz equality,
 // set equality, references, the frequency check and report lines.
-#include "conventional/p25_conv_set.h"
+#include <persona/conventional/p25_conv_set.h>
 
 #include <gtest/gtest.h>
 

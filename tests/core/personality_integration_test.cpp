@@ -6,19 +6,19 @@
 
 #include <memory>
 
-#include "calls/sp_call_set.h"
-#include "conventional/conv_set.h"
-#include "core/personality.h"
-#include "io/personality_file.h"
-#include "options/gen_radio_opts.h"
-#include "options/supervisory_opts.h"
-#include "options/tone_encode.h"
+#include <persona/calls/sp_call_set.h>
+#include <persona/conventional/conv_set.h>
+#include <persona/io/personality_file.h>
+#include <persona/options/gen_radio_opts.h>
+#include <persona/options/supervisory_opts.h>
+#include <persona/options/tone_encode.h>
+#include <persona/personality/personality.h>
+#include <persona/systems/esk_data.h>
+#include <persona/systems/group_set.h>
+#include <persona/systems/trunk_set.h>
+#include <persona/systems/trunk_system.h>
 #include "support/record_testing.h"
 #include "support/test_data.h"
-#include "systems/esk_data.h"
-#include "systems/group_set.h"
-#include "systems/trunk_set.h"
-#include "systems/trunk_system.h"
 
 namespace persona {
 namespace {

@@ -4,13 +4,13 @@
 
 #include <memory>
 
-#include "core/set.h"
-#include "framework/exceptions.h"
-#include "options/macro.h"
-#include "options/status_message.h"
+#include <persona/core/set.h>
+#include <persona/framework/exceptions.h>
+#include <persona/options/macro.h>
+#include <persona/options/status_message.h>
+#include <persona/systems/esk_data.h>
 #include "support/record_testing.h"
 #include "support/test_data.h"
-#include "systems/esk_data.h"
 
 namespace persona {
 namespace {

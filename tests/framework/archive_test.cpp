@@ -10,13 +10,13 @@
 #include <string>
 #include <vector>
 
-#include "core/set.h"
-#include "framework/archive.h"
-#include "framework/collections.h"
-#include "framework/file.h"
-#include "options/macro.h"
+#include <persona/core/set.h>
+#include <persona/framework/archive.h>
+#include <persona/framework/collections.h>
+#include <persona/framework/file.h>
+#include <persona/options/macro.h>
+#include <persona/systems/esk_data.h>
 #include "support/test_data.h"
-#include "systems/esk_data.h"
 
 namespace persona {
 namespace {

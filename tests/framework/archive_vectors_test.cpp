@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "framework/archive.h"
-#include "framework/collections.h"
-#include "options/status_message.h"
+#include <persona/framework/archive.h>
+#include <persona/framework/collections.h>
+#include <persona/options/status_message.h>
+#include <persona/systems/esk_data.h>
 #include "support/test_data.h"
-#include "systems/esk_data.h"
 
 namespace persona {
 namespace {

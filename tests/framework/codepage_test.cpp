@@ -1,6 +1,6 @@
 // UTF-8 to Windows-1252 conversion of JSON import: valid text converts byte for byte, and every
 // malformed or unmappable form is refused rather than turned into a character.
-#include "framework/codepage.h"
+#include <persona/framework/codepage.h>
 
 #include <gtest/gtest.h>
 

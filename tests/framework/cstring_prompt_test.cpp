@@ -2,9 +2,9 @@
 // and the prompt handler that stands in for the message box.
 #include <gtest/gtest.h>
 
-#include "framework/cstring.h"
-#include "framework/exceptions.h"
-#include "framework/prompt.h"
+#include <persona/framework/cstring.h>
+#include <persona/framework/exceptions.h>
+#include <persona/framework/prompt.h>
 
 namespace persona {
 namespace {

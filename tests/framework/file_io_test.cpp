@@ -17,8 +17,8 @@
 #include <thread>
 #include <vector>
 
-#include "framework/exceptions.h"
-#include "framework/file_io.h"
+#include <persona/framework/exceptions.h>
+#include <persona/framework/file_io.h>
 
 namespace persona {
 namespace {

@@ -14,11 +14,11 @@
 #include <string>
 #include <vector>
 
-#include "core/personality.h"
-#include "framework/exceptions.h"
-#include "framework/file_io.h"
-#include "io/personality_file.h"
-#include "systems/trunk_set.h"
+#include <persona/framework/exceptions.h>
+#include <persona/framework/file_io.h>
+#include <persona/io/personality_file.h>
+#include <persona/personality/personality.h>
+#include <persona/systems/trunk_set.h>
 
 namespace persona {
 namespace {

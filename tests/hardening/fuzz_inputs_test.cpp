@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "core/set.h"
-#include "framework/file_io.h"
-#include "io/json/personality_json.h"
-#include "io/personality_file.h"
+#include <persona/core/set.h>
+#include <persona/framework/file_io.h>
+#include <persona/io/json/personality_json.h>
+#include <persona/io/personality_file.h>
 #include "support/test_data.h"
 
 namespace persona {

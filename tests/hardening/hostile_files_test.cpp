@@ -8,14 +8,14 @@
 #include <string>
 #include <vector>
 
-#include "conventional/conv_set.h"
-#include "core/personality.h"
-#include "framework/archive.h"
-#include "io/personality_file.h"
+#include <persona/conventional/conv_set.h>
+#include <persona/framework/archive.h>
+#include <persona/io/personality_file.h>
+#include <persona/personality/personality.h>
+#include <persona/systems/esk_data.h>
+#include <persona/systems/group_set.h>
+#include <persona/systems/trunk_set.h>
 #include "support/test_data.h"
-#include "systems/esk_data.h"
-#include "systems/group_set.h"
-#include "systems/trunk_set.h"
 
 namespace persona {
 namespace {

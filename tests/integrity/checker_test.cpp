@@ -1,21 +1,21 @@
 // The checker: a clean personality has no findings; a personality broken in one way reports
 // exactly that, once, with its code, severity and path.
-#include "integrity/checker.h"
+#include <persona/integrity/checker.h>
 
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <sstream>
 
-#include "calls/phone_set.h"
-#include "conventional/conv_set.h"
+#include <persona/calls/phone_set.h>
+#include <persona/conventional/conv_set.h>
+#include <persona/options/scan_opts.h>
+#include <persona/options/vantor_opts.h>
+#include <persona/systems/esk_data.h>
+#include <persona/systems/group_set.h>
+#include <persona/systems/trunk_set.h>
+#include <persona/systems/trunk_system.h>
 #include "integrity/sample_personality.h"
-#include "options/scan_opts.h"
-#include "options/vantor_opts.h"
-#include "systems/esk_data.h"
-#include "systems/group_set.h"
-#include "systems/trunk_set.h"
-#include "systems/trunk_system.h"
 
 namespace persona {
 namespace {

@@ -10,24 +10,24 @@
 #include <string>
 #include <vector>
 
-#include "calls/icall_set.h"
-#include "calls/phone_set.h"
-#include "conventional/p25_conv_set.h"
-#include "core/global_sets.h"
-#include "integrity/checker.h"
-#include "integrity/references.h"
+#include <persona/calls/icall_set.h>
+#include <persona/calls/phone_set.h>
+#include <persona/conventional/p25_conv_set.h>
+#include <persona/integrity/checker.h>
+#include <persona/integrity/references.h>
+#include <persona/io/json/personality_json.h>
+#include <persona/io/json/record_diff.h>
+#include <persona/io/personality_file.h>
+#include <persona/options/macro.h>
+#include <persona/options/status_message.h>
+#include <persona/personality/global_sets.h>
+#include <persona/report/personality_ops.h>
+#include <persona/report/personality_report.h>
+#include <persona/systems/ext_add_group_set.h>
+#include <persona/systems/group_set.h>
+#include <persona/systems/p25_group_set.h>
 #include "integrity/sample_personality.h"
-#include "io/json/personality_json.h"
-#include "io/json/record_diff.h"
-#include "io/personality_file.h"
-#include "options/macro.h"
-#include "options/status_message.h"
-#include "report/personality_ops.h"
-#include "report/personality_report.h"
 #include "support/test_data.h"
-#include "systems/ext_add_group_set.h"
-#include "systems/group_set.h"
-#include "systems/p25_group_set.h"
 
 namespace persona {
 namespace {

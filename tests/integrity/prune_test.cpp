@@ -2,18 +2,18 @@
 // stay because something names them, and the counts the steps return.
 #include <gtest/gtest.h>
 
-#include "calls/phone_set.h"
-#include "conventional/conv_set.h"
-#include "core/personality.h"
+#include <persona/calls/phone_set.h>
+#include <persona/conventional/conv_set.h>
+#include <persona/options/gen_radio_opts.h>
+#include <persona/options/p25_wan_opts.h>
+#include <persona/options/power_up_opts.h>
+#include <persona/options/vantor_opts.h>
+#include <persona/personality/personality.h>
+#include <persona/systems/conv_system.h>
+#include <persona/systems/p25_conv_system.h>
+#include <persona/systems/system.h>
+#include <persona/systems/trunk_system.h>
 #include "integrity/sample_personality.h"
-#include "options/gen_radio_opts.h"
-#include "options/p25_wan_opts.h"
-#include "options/power_up_opts.h"
-#include "options/vantor_opts.h"
-#include "systems/conv_system.h"
-#include "systems/p25_conv_system.h"
-#include "systems/system.h"
-#include "systems/trunk_system.h"
 
 namespace persona {
 namespace {

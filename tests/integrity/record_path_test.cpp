@@ -1,14 +1,14 @@
 // Record paths: every path the reference collection prints resolves back to its own record and
 // field; names that are not unique fall back to positions; quoting keeps odd names typeable;
 // paths that name nothing say which segment is wrong.
-#include "integrity/record_path.h"
+#include <persona/integrity/record_path.h>
 
 #include <gtest/gtest.h>
 
-#include "conventional/conv_set.h"
-#include "integrity/name_refs.h"
+#include <persona/conventional/conv_set.h>
+#include <persona/integrity/name_refs.h>
+#include <persona/systems/system.h>
 #include "integrity/sample_personality.h"
-#include "systems/system.h"
 
 namespace persona {
 namespace {

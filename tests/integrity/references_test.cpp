@@ -1,7 +1,7 @@
 // Rename and delete propagation, table-driven over every field that names something: each row
 // changes one target and lists the fields that name it; afterwards exactly those fields (and
 // the target itself) differ from before, each holding the new name or emptied.
-#include "integrity/references.h"
+#include <persona/integrity/references.h>
 
 #include <gtest/gtest.h>
 
@@ -10,12 +10,12 @@
 #include <set>
 #include <sstream>
 
+#include <persona/options/gen_radio_opts.h>
+#include <persona/options/power_up_opts.h>
+#include <persona/options/scan_opts.h>
+#include <persona/options/vantor_opts.h>
+#include <persona/systems/system.h>
 #include "integrity/sample_personality.h"
-#include "options/gen_radio_opts.h"
-#include "options/power_up_opts.h"
-#include "options/scan_opts.h"
-#include "options/vantor_opts.h"
-#include "systems/system.h"
 
 namespace persona {
 namespace {

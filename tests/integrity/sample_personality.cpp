@@ -5,28 +5,28 @@
 
 #include <cstring>
 
-#include "calls/icall_set.h"
-#include "calls/phone_set.h"
-#include "calls/plm_sp_call_set.h"
-#include "calls/sp_call_set.h"
-#include "conventional/conv_set.h"
-#include "conventional/p25_conv_set.h"
-#include "options/gen_radio_opts.h"
-#include "options/p25_wan_opts.h"
-#include "options/power_up_opts.h"
-#include "options/scan_opts.h"
-#include "options/vantor_opts.h"
-#include "systems/conv_system.h"
-#include "systems/ext_add_group_set.h"
-#include "systems/ext_add_system.h"
-#include "systems/group_set.h"
-#include "systems/p25_conv_system.h"
-#include "systems/p25_group_set.h"
-#include "systems/p25_trk_system.h"
-#include "systems/plm_group_set.h"
-#include "systems/plm_system.h"
-#include "systems/trunk_set.h"
-#include "systems/trunk_system.h"
+#include <persona/calls/icall_set.h>
+#include <persona/calls/phone_set.h>
+#include <persona/calls/plm_sp_call_set.h>
+#include <persona/calls/sp_call_set.h>
+#include <persona/conventional/conv_set.h>
+#include <persona/conventional/p25_conv_set.h>
+#include <persona/options/gen_radio_opts.h>
+#include <persona/options/p25_wan_opts.h>
+#include <persona/options/power_up_opts.h>
+#include <persona/options/scan_opts.h>
+#include <persona/options/vantor_opts.h>
+#include <persona/systems/conv_system.h>
+#include <persona/systems/ext_add_group_set.h>
+#include <persona/systems/ext_add_system.h>
+#include <persona/systems/group_set.h>
+#include <persona/systems/p25_conv_system.h>
+#include <persona/systems/p25_group_set.h>
+#include <persona/systems/p25_trk_system.h>
+#include <persona/systems/plm_group_set.h>
+#include <persona/systems/plm_system.h>
+#include <persona/systems/trunk_set.h>
+#include <persona/systems/trunk_system.h>
 
 namespace persona::test {
 

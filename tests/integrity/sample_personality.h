@@ -7,8 +7,8 @@
 #include <memory>
 #include <string>
 
-#include "core/personality.h"
-#include "framework/object.h"
+#include <persona/framework/object.h>
+#include <persona/personality/personality.h>
 
 namespace persona::test {
 

@@ -1,19 +1,19 @@
 // Which set lists a system consults by kind, and which system kinds a radio type keeps: the
 // tables the pruning and reference checks rely on.
-#include "integrity/set_use.h"
+#include <persona/integrity/set_use.h>
 
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
 
+#include <persona/systems/conv_system.h>
+#include <persona/systems/ext_add_system.h>
+#include <persona/systems/p25_conv_system.h>
+#include <persona/systems/p25_trk_system.h>
+#include <persona/systems/plm_system.h>
+#include <persona/systems/trunk_system.h>
 #include "support/record_testing.h"
-#include "systems/conv_system.h"
-#include "systems/ext_add_system.h"
-#include "systems/p25_conv_system.h"
-#include "systems/p25_trk_system.h"
-#include "systems/plm_system.h"
-#include "systems/trunk_system.h"
 
 namespace persona {
 namespace {

@@ -1,15 +1,15 @@
 // Field values as text: each field type reads and writes its own forms, refuses what does not
 // fit with a message naming the accepted values, and leaves the record alone when it refuses.
-#include "io/field_text.h"
+#include <persona/io/field_text.h>
 
 #include <gtest/gtest.h>
 
-#include "conventional/conv_set.h"
-#include "core/personality.h"
-#include "options/alarm_opts.h"
-#include "options/gen_radio_opts.h"
-#include "options/p25_otar_opts.h"
-#include "systems/plm_group_set.h"
+#include <persona/conventional/conv_set.h>
+#include <persona/options/alarm_opts.h>
+#include <persona/options/gen_radio_opts.h>
+#include <persona/options/p25_otar_opts.h>
+#include <persona/personality/personality.h>
+#include <persona/systems/plm_group_set.h>
 
 namespace persona {
 namespace {

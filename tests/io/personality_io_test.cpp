@@ -2,9 +2,9 @@
 // archive -> JSON -> archive unchanged, trailing bytes are counted, damage is reported.
 #include <gtest/gtest.h>
 
-#include "framework/file_io.h"
-#include "io/json/personality_json.h"
-#include "io/personality_file.h"
+#include <persona/framework/file_io.h>
+#include <persona/io/json/personality_json.h>
+#include <persona/io/personality_file.h>
 #include "support/test_data.h"
 
 namespace persona {

@@ -2,11 +2,11 @@
 // elements by position; renames found; records of unexpected classes compared field by field.
 #include <gtest/gtest.h>
 
-#include "conventional/conv_set.h"
-#include "core/set.h"
-#include "io/json/record_diff.h"
-#include "options/macro.h"
-#include "options/status_message.h"
+#include <persona/conventional/conv_set.h>
+#include <persona/core/set.h>
+#include <persona/io/json/record_diff.h>
+#include <persona/options/macro.h>
+#include <persona/options/status_message.h>
 #include "sample/sample_personality.h"
 
 namespace persona {

@@ -6,13 +6,13 @@
 #include <cmath>
 #include <limits>
 
-#include "core/set.h"
-#include "io/json/record_json.h"
-#include "options/macro.h"
-#include "options/status_message.h"
+#include <persona/core/set.h>
+#include <persona/io/json/record_json.h>
+#include <persona/options/macro.h>
+#include <persona/options/status_message.h>
+#include <persona/systems/esk_data.h>
 #include "support/record_testing.h"
 #include "support/test_data.h"
-#include "systems/esk_data.h"
 
 namespace persona {
 namespace {

@@ -4,12 +4,12 @@
 
 #include <cmath>
 
-#include "conventional/conv_set.h"
-#include "io/csv/set_csv.h"
-#include "io/personality_file.h"
+#include <persona/conventional/conv_set.h>
+#include <persona/io/csv/set_csv.h>
+#include <persona/io/personality_file.h>
+#include <persona/systems/trunk_set.h>
 #include "sample/sample_personality.h"
 #include "support/test_data.h"
-#include "systems/trunk_set.h"
 
 namespace persona {
 namespace {

@@ -12,11 +12,11 @@
 #include <sstream>
 #include <string>
 
-#include "io/json/json_reader.h"
-#include "io/json/json_writer.h"
-#include "io/json/personality_json.h"
-#include "io/personality_file.h"
-#include "report/personality_report.h"
+#include <persona/io/json/json_reader.h>
+#include <persona/io/json/json_writer.h>
+#include <persona/io/json/personality_json.h>
+#include <persona/io/personality_file.h>
+#include <persona/report/personality_report.h>
 #include "sample/sample_personality.h"
 
 namespace persona {

@@ -1,8 +1,8 @@
 // Agency data: the fleet list accessors, a schema-1 load without agency names, the report.
 #include <gtest/gtest.h>
 
-#include "framework/exceptions.h"
-#include "options/agency_data.h"
+#include <persona/framework/exceptions.h>
+#include <persona/options/agency_data.h>
 #include "support/bytes.h"
 
 namespace persona {

@@ -1,12 +1,12 @@
 // CAlertOpts: the schema-1 load, the stored schema-4 bytes, the model overrides and the report
 // block with the values it quotes from the general radio and Pellam options.
-#include "options/alert_opts.h"
+#include <persona/options/alert_opts.h>
 
 #include <gtest/gtest.h>
 
-#include "core/personality.h"
-#include "options/gen_radio_opts.h"
-#include "options/pellam_opts.h"
+#include <persona/options/gen_radio_opts.h>
+#include <persona/options/pellam_opts.h>
+#include <persona/personality/personality.h>
 #include "support/bytes.h"
 #include "support/test_data.h"
 

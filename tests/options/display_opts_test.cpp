@@ -1,6 +1,6 @@
 // CDisplayOpts: the backlight level conversion of schemas 1 and 2, the later fields of each
 // schema, the model overrides and the exact lines of the report block.
-#include "options/display_opts.h"
+#include <persona/options/display_opts.h>
 
 #include <gtest/gtest.h>
 

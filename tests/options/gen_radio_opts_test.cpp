@@ -1,11 +1,11 @@
 // CGenRadioOpts: constructor defaults, the archive layout of every schema with its two load
 // clamps, the emergency latch that copies leave behind, and the report block.
-#include "options/gen_radio_opts.h"
+#include <persona/options/gen_radio_opts.h>
 
 #include <gtest/gtest.h>
 
-#include "core/personality.h"
-#include "options/scratch_pad_opts.h"
+#include <persona/options/scratch_pad_opts.h>
+#include <persona/personality/personality.h>
 #include "support/bytes.h"
 #include "support/record_testing.h"
 #include "support/test_data.h"

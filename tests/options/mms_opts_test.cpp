@@ -1,7 +1,7 @@
 // Text messaging options: message and ID list editing, deep copies, the three report blocks.
 #include <gtest/gtest.h>
 
-#include "options/mms_opts.h"
+#include <persona/options/mms_opts.h>
 #include "support/record_testing.h"
 
 namespace persona {

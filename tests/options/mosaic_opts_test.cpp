@@ -1,7 +1,7 @@
 // The Mosaic block, whose two lines are fixed.
 #include <gtest/gtest.h>
 
-#include "options/mosaic_opts.h"
+#include <persona/options/mosaic_opts.h>
 
 namespace persona {
 namespace {

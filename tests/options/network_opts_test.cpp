@@ -2,9 +2,9 @@
 // multiple-radio records, and the keypad block with its extensions.
 #include <gtest/gtest.h>
 
-#include "core/personality.h"
-#include "options/keypad_ctrl_opts.h"
-#include "options/network_opts.h"
+#include <persona/options/keypad_ctrl_opts.h>
+#include <persona/options/network_opts.h>
+#include <persona/personality/personality.h>
 
 namespace persona {
 namespace {

@@ -2,10 +2,10 @@
 // supervisory options, their stored bytes, schema-1 loads and report lines.
 #include <gtest/gtest.h>
 
-#include "framework/exceptions.h"
-#include "options/pellam_opts.h"
-#include "options/scratch_pad_opts.h"
-#include "options/supervisory_opts.h"
+#include <persona/framework/exceptions.h>
+#include <persona/options/pellam_opts.h>
+#include <persona/options/scratch_pad_opts.h>
+#include <persona/options/supervisory_opts.h>
 #include "support/bytes.h"
 #include "support/test_data.h"
 

@@ -1,5 +1,5 @@
 // CP25OtarOpts: defaults, stored bytes, the switch byte on load, copies and the report block.
-#include "options/p25_otar_opts.h"
+#include <persona/options/p25_otar_opts.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // CP25tWanOpts and CP25TrkWan: the list operations and their ownership, deep copies, and the
 // report lines.
-#include "options/p25_wan_opts.h"
+#include <persona/options/p25_wan_opts.h>
 
 #include <gtest/gtest.h>
 

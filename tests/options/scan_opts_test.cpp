@@ -2,8 +2,8 @@
 // scan records of the personality.
 #include <gtest/gtest.h>
 
-#include "core/personality.h"
-#include "options/scan_opts.h"
+#include <persona/options/scan_opts.h>
+#include <persona/personality/personality.h>
 #include "support/bytes.h"
 
 namespace persona {

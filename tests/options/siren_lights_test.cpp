@@ -2,8 +2,8 @@
 // constructor and model entries, control indexes.
 #include <gtest/gtest.h>
 
-#include "framework/exceptions.h"
-#include "options/siren_lights.h"
+#include <persona/framework/exceptions.h>
+#include <persona/options/siren_lights.h>
 #include "support/bytes.h"
 
 namespace persona {

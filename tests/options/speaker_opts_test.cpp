@@ -1,7 +1,7 @@
 // External speaker and public address options: the stored bytes, an old schema, the report.
 #include <gtest/gtest.h>
 
-#include "options/speaker_opts.h"
+#include <persona/options/speaker_opts.h>
 #include "support/bytes.h"
 #include "support/test_data.h"
 

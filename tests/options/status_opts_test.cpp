@@ -2,9 +2,9 @@
 // on load, and the report block that quotes the personality's messages.
 #include <gtest/gtest.h>
 
-#include "core/personality.h"
-#include "framework/exceptions.h"
-#include "options/status_opts.h"
+#include <persona/framework/exceptions.h>
+#include <persona/options/status_opts.h>
+#include <persona/personality/personality.h>
 #include "support/bytes.h"
 #include "support/record_testing.h"
 

@@ -2,7 +2,7 @@
 // later timers at their neutral defaults.
 #include <gtest/gtest.h>
 
-#include "options/timer_opts.h"
+#include <persona/options/timer_opts.h>
 #include "support/bytes.h"
 
 namespace persona {

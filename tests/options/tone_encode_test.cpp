@@ -1,6 +1,6 @@
 // CToneEncode and CToneSeq: sequences handed out and taken back as copies, the schema-1 layouts,
 // the stored bytes and the report block.
-#include "options/tone_encode.h"
+#include <persona/options/tone_encode.h>
 
 #include <gtest/gtest.h>
 

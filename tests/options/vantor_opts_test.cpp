@@ -1,6 +1,6 @@
 // CVantorOpts: loads of schemas 1 and 5, the identity it sends, and the report block with its
 // conventional/trunked and numeric/alphanumeric variants.
-#include "options/vantor_opts.h"
+#include <persona/options/vantor_opts.h>
 
 #include <gtest/gtest.h>
 

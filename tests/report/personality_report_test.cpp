@@ -6,14 +6,14 @@
 #include <string>
 #include <vector>
 
-#include "conventional/conv_set.h"
-#include "options/lumo_opts.h"
-#include "report/personality_ops.h"
-#include "report/personality_report.h"
-#include "systems/group_set.h"
-#include "systems/p25_trk_system.h"
-#include "systems/trunk_set.h"
-#include "systems/trunk_system.h"
+#include <persona/conventional/conv_set.h>
+#include <persona/options/lumo_opts.h>
+#include <persona/report/personality_ops.h>
+#include <persona/report/personality_report.h>
+#include <persona/systems/group_set.h>
+#include <persona/systems/p25_trk_system.h>
+#include <persona/systems/trunk_set.h>
+#include <persona/systems/trunk_system.h>
 
 namespace persona {
 namespace {

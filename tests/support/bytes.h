@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "framework/archive.h"
-#include "framework/collections.h"
-#include "framework/types.h"
+#include <persona/framework/archive.h>
+#include <persona/framework/collections.h>
+#include <persona/framework/types.h>
 #include "support/test_data.h"
 
 namespace persona::test {

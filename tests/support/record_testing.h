@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "framework/fields.h"
-#include "framework/object.h"
+#include <persona/framework/fields.h>
+#include <persona/framework/object.h>
 
 namespace persona::test {
 

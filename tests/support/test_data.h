@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "framework/archive.h"
-#include "framework/file.h"
-#include "framework/object.h"
+#include <persona/framework/archive.h>
+#include <persona/framework/file.h>
+#include <persona/framework/object.h>
 
 namespace persona::test {
 

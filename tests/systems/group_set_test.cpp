@@ -1,15 +1,15 @@
 // Talk groups and group sets of trunked, extended-addressing and messaging systems: stored
 // bytes, old schemas, lookups, reference clearing, the conversion to an extended-addressing
 // set, equality and report lines.
-#include "systems/group_set.h"
+#include <persona/systems/group_set.h>
 
 #include <gtest/gtest.h>
 
+#include <persona/systems/ext_add_group_set.h>
+#include <persona/systems/plm_group_set.h>
 #include "support/bytes.h"
 #include "support/record_testing.h"
 #include "support/test_data.h"
-#include "systems/ext_add_group_set.h"
-#include "systems/plm_group_set.h"
 
 namespace persona {
 namespace {

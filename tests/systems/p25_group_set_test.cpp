@@ -1,6 +1,6 @@
 // P25 talk groups and group sets: stored bytes, every older schema, lookups, equality,
 // reference clearing and report lines.
-#include "systems/p25_group_set.h"
+#include <persona/systems/p25_group_set.h>
 
 #include <gtest/gtest.h>
 

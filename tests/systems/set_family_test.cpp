@@ -3,19 +3,19 @@
 // store, load and store again byte for byte.
 #include <gtest/gtest.h>
 
-#include "calls/icall_set.h"
-#include "calls/phone_set.h"
-#include "calls/plm_sp_call_set.h"
-#include "calls/sp_call_set.h"
-#include "conventional/conv_set.h"
-#include "conventional/p25_conv_set.h"
-#include "options/macro.h"
+#include <persona/calls/icall_set.h>
+#include <persona/calls/phone_set.h>
+#include <persona/calls/plm_sp_call_set.h>
+#include <persona/calls/sp_call_set.h>
+#include <persona/conventional/conv_set.h>
+#include <persona/conventional/p25_conv_set.h>
+#include <persona/options/macro.h>
+#include <persona/systems/ext_add_group_set.h>
+#include <persona/systems/p25_group_set.h>
+#include <persona/systems/plm_group_set.h>
+#include <persona/systems/trunk_set.h>
 #include "support/record_testing.h"
 #include "support/test_data.h"
-#include "systems/ext_add_group_set.h"
-#include "systems/p25_group_set.h"
-#include "systems/plm_group_set.h"
-#include "systems/trunk_set.h"
 
 namespace persona {
 namespace {

@@ -5,12 +5,12 @@
 #include <cstring>
 #include <memory>
 
-#include "framework/archive.h"
-#include "systems/conv_system.h"
-#include "systems/p25_conv_system.h"
-#include "systems/p25_trk_system.h"
-#include "systems/plm_system.h"
-#include "systems/trunk_system.h"
+#include <persona/framework/archive.h>
+#include <persona/systems/conv_system.h>
+#include <persona/systems/p25_conv_system.h>
+#include <persona/systems/p25_trk_system.h>
+#include <persona/systems/plm_system.h>
+#include <persona/systems/trunk_system.h>
 
 namespace persona {
 namespace {

@@ -1,20 +1,20 @@
 // The system records: model defaults, the two key pairs, copy rules, scanned-system lists, the
 // messaging tone layout, exact stored bytes and generic round trips of every kind.
-#include "systems/system.h"
+#include <persona/systems/system.h>
 
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
 
+#include <persona/systems/conv_system.h>
+#include <persona/systems/ext_add_system.h>
+#include <persona/systems/p25_conv_system.h>
+#include <persona/systems/p25_trk_system.h>
+#include <persona/systems/plm_system.h>
+#include <persona/systems/trunk_system.h>
 #include "support/record_testing.h"
 #include "support/test_data.h"
-#include "systems/conv_system.h"
-#include "systems/ext_add_system.h"
-#include "systems/p25_conv_system.h"
-#include "systems/p25_trk_system.h"
-#include "systems/plm_system.h"
-#include "systems/trunk_system.h"
 
 namespace persona {
 namespace {

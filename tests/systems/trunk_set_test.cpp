@@ -1,16 +1,16 @@
 // Trunk channels and trunk sets: stored bytes, old schemas, shared keys, equality, frequency
 // check, copy rules, model defaults and report lines.
-#include "systems/trunk_set.h"
+#include <persona/systems/trunk_set.h>
 
 #include <gtest/gtest.h>
 
 #include <tuple>
 
+#include <persona/systems/esk_data.h>
+#include <persona/systems/group_set.h>
 #include "support/bytes.h"
 #include "support/record_testing.h"
 #include "support/test_data.h"
-#include "systems/esk_data.h"
-#include "systems/group_set.h"
 
 namespace persona {
 namespace {

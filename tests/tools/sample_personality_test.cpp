@@ -2,11 +2,11 @@
 // references, stable bytes, and the size parameter that the benchmarks use.
 #include <gtest/gtest.h>
 
-#include "io/personality_file.h"
-#include "report/personality_report.h"
+#include <persona/io/personality_file.h>
+#include <persona/report/personality_report.h>
+#include <persona/systems/p25_trk_system.h>
+#include <persona/systems/trunk_system.h>
 #include "sample/sample_personality.h"
-#include "systems/p25_trk_system.h"
-#include "systems/trunk_system.h"
 
 namespace persona {
 namespace {

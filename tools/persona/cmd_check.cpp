@@ -1,8 +1,8 @@
 // persona check FILE [--json]: the integrity checker's findings, plus what the load itself
 // noticed (bytes after the personality that nothing read).
+#include <persona/integrity/checker.h>
 #include "command.h"
 #include "input_file.h"
-#include "integrity/checker.h"
 
 namespace persona::cli {
 

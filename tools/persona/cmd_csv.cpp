@@ -1,10 +1,10 @@
 // persona csv export | import: the elements of one set as CSV for a spreadsheet, and back.
 #include <cstdio>
 
+#include <persona/framework/codepage.h>
+#include <persona/io/csv/set_csv.h>
+#include <persona/report/personality_ops.h>
 #include "command.h"
-#include "framework/codepage.h"
-#include "io/csv/set_csv.h"
-#include "report/personality_ops.h"
 
 namespace persona::cli {
 

@@ -3,9 +3,9 @@
 // written as they are found.
 #include <cstdio>
 
+#include <persona/io/json/record_diff.h>
 #include "command.h"
 #include "input_file.h"
-#include "io/json/record_diff.h"
 
 namespace persona::cli {
 

@@ -7,11 +7,11 @@
 #include <cstdio>
 #include <set>
 
+#include <persona/integrity/checker.h>
+#include <persona/integrity/record_path.h>
+#include <persona/integrity/references.h>
+#include <persona/io/field_text.h>
 #include "command.h"
-#include "integrity/checker.h"
-#include "integrity/record_path.h"
-#include "integrity/references.h"
-#include "io/field_text.h"
 
 namespace persona::cli {
 

@@ -1,8 +1,8 @@
 // persona export FILE [-o OUT.json]: the lossless JSON document of a personality file.
+#include <persona/io/json/json_writer.h>
+#include <persona/io/json/personality_json.h>
 #include "command.h"
 #include "input_file.h"
-#include "io/json/json_writer.h"
-#include "io/json/personality_json.h"
 #include "text_output.h"
 
 namespace persona::cli {

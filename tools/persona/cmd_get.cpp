@@ -5,9 +5,9 @@
 #include <cstdio>
 #include <filesystem>
 
+#include <persona/integrity/record_path.h>
+#include <persona/io/field_text.h>
 #include "command.h"
-#include "integrity/record_path.h"
-#include "io/field_text.h"
 
 namespace persona::cli {
 

@@ -1,8 +1,8 @@
 // persona info FILE: what a personality file or a global set file holds, in counts.
+#include <persona/options/option_report.h>
+#include <persona/report/personality_ops.h>
 #include "command.h"
 #include "input_file.h"
-#include "options/option_report.h"
-#include "report/personality_ops.h"
 
 namespace persona::cli {
 

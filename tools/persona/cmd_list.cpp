@@ -9,12 +9,12 @@
 #include <cstring>
 #include <map>
 
+#include <persona/integrity/name_refs.h>
+#include <persona/integrity/record_path.h>
+#include <persona/io/field_text.h>
+#include <persona/report/record_lines.h>
+#include <persona/systems/system.h>
 #include "command.h"
-#include "integrity/name_refs.h"
-#include "integrity/record_path.h"
-#include "io/field_text.h"
-#include "report/record_lines.h"
-#include "systems/system.h"
 
 namespace persona::cli {
 

@@ -1,7 +1,7 @@
 // persona merge A B -o C: A's records and B's, every name both hold settled by a policy, the
 // result checked for the errors the merge brings in.
+#include <persona/report/merge_policy.h>
 #include "command.h"
-#include "report/merge_policy.h"
 
 namespace persona::cli {
 

@@ -1,7 +1,7 @@
 // persona new --radio-type N -o FILE: a new personality with a model's defaults.
+#include <persona/report/personality_ops.h>
+#include <persona/report/radio_models.h>
 #include "command.h"
-#include "report/personality_ops.h"
-#include "report/radio_models.h"
 
 namespace persona::cli {
 

@@ -2,10 +2,10 @@
 // cannot use and the sets nothing names, listing what goes.
 #include <unordered_set>
 
+#include <persona/report/personality_ops.h>
+#include <persona/systems/system.h>
 #include "command.h"
 #include "input_file.h"
-#include "report/personality_ops.h"
-#include "systems/system.h"
 
 namespace persona::cli {
 
@@ -25,10 +25,9 @@ Inventory Take(const CPersonality& p) {
     const CObject* record = p.GetSystemRecordAt(i);
     if (record == nullptr) continue;
     const CSystem* s = p.GetSystemAt(i);
-    inv.records.emplace_back(record, s != nullptr
-                                         ? SystemWords(s->GetSysType()) + " " + s->GetName().str()
-                                         : std::string("system list record ") +
-                                               record->GetClassName());
+    inv.records.emplace_back(
+        record, s != nullptr ? SystemWords(s->GetSysType()) + " " + s->GetName().str()
+                             : std::string("system list record ") + record->GetClassName());
   }
   for (int t = 0; t < kNumSetTypes; ++t) {
     const auto type = static_cast<SetType>(t);
@@ -36,10 +35,9 @@ Inventory Take(const CPersonality& p) {
       const CObject* record = p.GetSetRecordAt(i, type);
       if (record == nullptr) continue;
       const CSet* set = p.GetSetAt(i, type);
-      inv.records.emplace_back(record, set != nullptr
-                                           ? SetWords(type) + " " + set->GetName().str()
-                                           : SetWords(type) + " list record " +
-                                                 std::string(record->GetClassName()));
+      inv.records.emplace_back(record, set != nullptr ? SetWords(type) + " " + set->GetName().str()
+                                                      : SetWords(type) + " list record " +
+                                                            std::string(record->GetClassName()));
     }
   }
   for (int i = 0; i < p.GetNumOptions(); ++i) {

@@ -1,10 +1,10 @@
 // persona rename FILE --system|--set KIND OLD NEW -o OUT: renames a system or a set and every
 // name field that refers to it.
+#include <persona/integrity/references.h>
+#include <persona/report/personality_ops.h>
+#include <persona/systems/system.h>
 #include "command.h"
 #include "input_file.h"
-#include "integrity/references.h"
-#include "report/personality_ops.h"
-#include "systems/system.h"
 
 namespace persona::cli {
 

@@ -1,9 +1,9 @@
 // persona report [FILE] [-o OUT]: the report of a personality file, or of the bundled sample.
+#include <persona/framework/exceptions.h>
+#include <persona/report/personality_report.h>
 #include "command.h"
 #include "embedded_sample.h"
-#include "framework/exceptions.h"
 #include "input_file.h"
-#include "report/personality_report.h"
 #include "text_output.h"
 
 namespace persona::cli {

@@ -2,8 +2,8 @@
 // personality's global sets from their files and reports every set it changes.
 #include <vector>
 
+#include <persona/framework/prompt.h>
 #include "command.h"
-#include "framework/prompt.h"
 #include "input_file.h"
 
 namespace persona::cli {

@@ -1,9 +1,9 @@
 // persona show FILE PATH [--json]: the record at PATH as report lines (every described field
 // under its name), or one field as "PATH = VALUE"; --json prints the record's JSON form.
+#include <persona/integrity/record_path.h>
+#include <persona/io/field_text.h>
+#include <persona/report/record_lines.h>
 #include "command.h"
-#include "integrity/record_path.h"
-#include "io/field_text.h"
-#include "report/record_lines.h"
 
 namespace persona::cli {
 

@@ -10,10 +10,10 @@
 #include <cstdio>
 #include <cstring>
 
-#include "framework/exceptions.h"
-#include "framework/file_io.h"
-#include "io/json/json_reader.h"
-#include "io/json/personality_json.h"
+#include <persona/framework/exceptions.h>
+#include <persona/framework/file_io.h>
+#include <persona/io/json/json_reader.h>
+#include <persona/io/json/personality_json.h>
 
 namespace persona::cli {
 

@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "framework/collections.h"
-#include "io/json/record_json.h"
-#include "io/personality_file.h"
+#include <persona/framework/collections.h>
+#include <persona/io/json/record_json.h>
+#include <persona/io/personality_file.h>
 
 namespace persona::cli {
 

@@ -5,9 +5,9 @@
 #include <cstdio>
 #include <filesystem>
 
-#include "framework/exceptions.h"
-#include "report/personality_ops.h"
-#include "report/record_lines.h"
+#include <persona/framework/exceptions.h>
+#include <persona/report/personality_ops.h>
+#include <persona/report/record_lines.h>
 
 namespace persona::cli {
 

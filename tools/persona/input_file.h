@@ -4,8 +4,8 @@
 
 #include <string>
 
+#include <persona/personality/global_sets.h>
 #include "command.h"
-#include "core/global_sets.h"
 
 namespace persona::cli {
 

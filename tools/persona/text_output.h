@@ -8,7 +8,6 @@
 #include <string>
 #include <string_view>
 
-
 namespace persona::cli {
 
 class TextOutput {

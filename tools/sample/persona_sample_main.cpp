@@ -5,7 +5,7 @@
 #include <exception>
 #include <string>
 
-#include "io/personality_file.h"
+#include <persona/io/personality_file.h>
 #include "sample/sample_personality.h"
 
 int main(int argc, char** argv) {

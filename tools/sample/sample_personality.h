@@ -6,7 +6,7 @@
 
 #include <memory>
 
-#include "core/personality.h"
+#include <persona/personality/personality.h>
 
 namespace persona {
 

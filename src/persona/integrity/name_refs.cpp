@@ -1,0 +1,232 @@
+// Collecting and resolving the name references of a personality.
+#include <persona/integrity/name_refs.h>
+
+#include <cstring>
+#include <utility>
+
+#include <persona/integrity/record_path.h>
+#include <persona/systems/conv_system.h>
+#include <persona/systems/p25_conv_system.h>
+#include <persona/systems/plm_system.h>
+#include <persona/systems/system.h>
+#include <persona/systems/trunk_system.h>
+
+namespace persona {
+
+namespace {
+
+// Visits one record: gathers its name fields, its string fields (to read scope fields) and the
+// owned lists below it. Sub-records are walked by the caller, after the visit.
+class RecordScan : public CFieldSkipper {
+ public:
+  using CFieldSkipper::Field;
+  struct Pending {
+    const char* field;
+    RefersTo ref;
+    CString* value;
+    CStringArray* list;
+  };
+  std::vector<Pending> pending;
+  std::vector<std::pair<const char*, CString*>> strings;
+  std::vector<std::pair<const char*, COwnedObList*>> owned;
+
+  void Field(const FieldInfo& f, CString& v) override {
+    strings.emplace_back(f.name, &v);
+    if (f.refersTo != nullptr) pending.push_back({f.name, *f.refersTo, &v, nullptr});
+  }
+  void Field(const FieldInfo& f, CStringArray& v) override {
+    if (f.refersTo != nullptr) pending.push_back({f.name, *f.refersTo, nullptr, &v});
+  }
+  void Field(const FieldInfo& f, COwnedObList& v) override { owned.emplace_back(f.name, &v); }
+
+  CString* StringField(const char* name) const {
+    for (const auto& [n, v] : strings) {
+      if (std::strcmp(n, name) == 0) return v;
+    }
+    return nullptr;
+  }
+};
+
+class Collector {
+ public:
+  explicit Collector(std::vector<NameRef>& out) : m_out(out) {}
+
+  // Walks record and everything it owns. holder: the set the record is or belongs to.
+  void Walk(CObject& record, const std::string& path, CSet* holder, int systemType) {
+    RecordScan scan;
+    record.VisitFields(scan);
+    for (const RecordScan::Pending& p : scan.pending)
+      Add(record, scan, p, path, holder, systemType);
+    auto* asSet = dynamic_cast<CSet*>(&record);
+    for (const auto& [name, list] : scan.owned) {
+      const std::string base = asSet != nullptr ? path : path + "/" + name;
+      const std::vector<std::string> segments = ElementSegments(record, *list);
+      std::size_t k = 0;
+      for (CObject* child : *list) {
+        const std::string& segment = segments[k++];
+        if (child == nullptr) continue;
+        Walk(*child, base + "/" + segment, asSet != nullptr ? asSet : holder, -1);
+      }
+    }
+  }
+
+ private:
+  void Add(CObject& record, const RecordScan& scan, const RecordScan::Pending& p,
+           const std::string& path, CSet* holder, int systemType) {
+    NameRef ref;
+    ref.field = p.field;
+    ref.kind = p.ref.kind;
+    ref.record = &record;
+    ref.holder = holder;
+    if (ref.kind == RefKind::Set) {
+      ref.setType =
+          p.ref.setType == kGroupSetOfSystem ? GroupSetTypeOfSystem(systemType) : p.ref.setType;
+    }
+    if ((ref.kind == RefKind::Channel || ref.kind == RefKind::Group) &&
+        p.ref.scopeField != nullptr) {
+      ref.scoped = true;
+      if (const CString* scope = scan.StringField(p.ref.scopeField)) ref.scopeName = *scope;
+    }
+    const std::string base = path + "/" + p.field;
+    if (p.value != nullptr) {
+      ref.value = p.value;
+      ref.path = base;
+      m_out.push_back(std::move(ref));
+      return;
+    }
+    for (int i = 0; i < p.list->GetSize(); ++i) {
+      NameRef entry = ref;
+      entry.list = p.list;
+      entry.index = i;
+      entry.path = base + "/" + std::to_string(i + 1);
+      m_out.push_back(std::move(entry));
+    }
+  }
+
+  std::vector<NameRef>& m_out;
+};
+
+void Resolve(const CPersonality& p, NameRef& ref) {
+  const CString& name = ref.Name();
+  switch (ref.kind) {
+    case RefKind::System:
+      if (!name.IsEmpty()) ref.system = p.GetSystem(name);
+      break;
+    case RefKind::Set:
+      if (!name.IsEmpty() && IsValidSetType(ref.setType)) {
+        ref.set = p.GetSet(name, static_cast<SetType>(ref.setType));
+      }
+      break;
+    case RefKind::Channel:
+    case RefKind::Group:
+      if (!ref.scoped) {
+        ref.set = ref.holder;
+      } else if (!ref.scopeName.IsEmpty()) {
+        ref.scopeSystem = p.GetSystem(ref.scopeName);
+        if (ref.scopeSystem != nullptr) ref.set = ElementSetOfSystem(p, *ref.scopeSystem, ref.kind);
+      }
+      break;
+    case RefKind::Wan:
+      break;
+  }
+}
+
+}  // namespace
+
+void NameRef::Set(const CString& name) const {
+  if (value != nullptr) {
+    *value = name;
+  } else {
+    list->SetAt(index, name);
+  }
+}
+
+const char* SetListPathName(int type) { return SetListWord(type); }
+
+int GroupSetTypeOfSystem(int systemType) {
+  switch (systemType) {
+    case TrunkedSystemType:
+      return GroupSetType;
+    case PlmSystemType:
+      return PlmGroupSetType;
+    case EaSystemType:
+      return EaGroupSetType;
+    case P25TrkSystemType:
+      return P25GroupSetType;
+    default:
+      return -1;
+  }
+}
+
+CSet* ElementSetOfSystem(const CPersonality& p, const CSystem& system, RefKind kind) {
+  if (kind == RefKind::Channel) {
+    if (const auto* conv = dynamic_cast<const CConvSystem*>(&system)) {
+      return p.GetSet(conv->GetConvSetName(), ConvSetType);
+    }
+    if (const auto* p25 = dynamic_cast<const CP25ConvSystem*>(&system)) {
+      return p.GetSet(p25->GetP25ConvSetName(), P25ConvSetType);
+    }
+    return nullptr;
+  }
+  if (kind != RefKind::Group) return nullptr;
+  const int type = GroupSetTypeOfSystem(system.GetSysType());
+  if (type < 0) return nullptr;
+  if (const auto* trunked = dynamic_cast<const CTrunkSystem*>(&system)) {
+    return p.GetSet(trunked->GetGroupSetName(), static_cast<SetType>(type));
+  }
+  if (const auto* plm = dynamic_cast<const CPlmSystem*>(&system)) {
+    return p.GetSet(plm->GetGroupSetName(), static_cast<SetType>(type));
+  }
+  return nullptr;
+}
+
+CString* ElementNameField(CObject& element) {
+  RecordScan scan;
+  element.VisitFields(scan);
+  return scan.StringField("Name");
+}
+
+bool IsElementOfSet(const CObject& element, const CSet& set) {
+  const CRuntimeClass* cls = CPersonality::ElementClassOf(set);
+  return cls == nullptr || element.IsKindOf(cls);
+}
+
+bool ElementNames::Has(CSet& set, const CString& name) {
+  auto [it, added] = m_names.try_emplace(&set);
+  if (added) {
+    for (CObject* element : set.Elements()) {
+      if (element == nullptr || !IsElementOfSet(*element, set)) continue;
+      if (const CString* n = ElementNameField(*element)) it->second.insert(n->str());
+    }
+  }
+  return it->second.count(name.str()) != 0;
+}
+
+std::vector<NameRef> CollectNameRefs(CPersonality& p) {
+  std::vector<NameRef> refs;
+  Collector collector(refs);
+  for (int i = 0; i < p.GetNumSystems(); ++i) {
+    CSystem* system = p.GetSystemAt(i);
+    if (system == nullptr) continue;
+    collector.Walk(*system, SystemPath(*system), nullptr, system->GetSysType());
+  }
+  for (int type = 0; type < kNumSetTypes; ++type) {
+    const auto t = static_cast<SetType>(type);
+    for (int i = 0; i < p.GetNumSets(t); ++i) {
+      CSet* set = p.GetSetAt(i, t);
+      if (set == nullptr) continue;
+      collector.Walk(*set, SetPath(type, *set), set, -1);
+    }
+  }
+  for (int i = 0; i < p.GetNumOptions(); ++i) {
+    CObject* option = p.GetOptionAt(i);
+    if (option == nullptr) continue;
+    collector.Walk(*option, OptionPath(*option), nullptr, -1);
+  }
+  // Visiting records may move the name epochs; resolve once everything has been visited, so
+  // the lookup indexes are rebuilt once.
+  for (NameRef& ref : refs) Resolve(p, ref);
+  return refs;
+}
+
+}  // namespace persona

@@ -1,0 +1,156 @@
+// Pruning of a personality for its radio model: system kinds the model cannot use, and sets
+// that no system names. Every step is one pass over the systems and one over the list pruned.
+#include <memory>
+#include <string>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+#include <persona/conventional/p25_conv_set.h>
+#include <persona/integrity/references.h>
+#include <persona/integrity/set_use.h>
+#include <persona/options/gen_radio_opts.h>
+#include <persona/options/p25_wan_opts.h>
+#include <persona/personality/personality.h>
+#include <persona/systems/system.h>
+
+namespace persona {
+
+namespace {
+
+std::string Upper(const CString& name) {
+  CString copy = name;
+  return copy.MakeUpper().str();
+}
+
+// Keeps the records of list for which keep(record) holds, in order, deleting the others in
+// one pass; returns how many were deleted.
+template <class Keep>
+int Filter(COwnedObList& list, Keep keep) {
+  const int n = list.GetCount();
+  std::vector<bool> kept(static_cast<std::size_t>(n));
+  int removed = 0;
+  for (int i = 0; i < n; ++i) {
+    kept[static_cast<std::size_t>(i)] = keep(list.GetAt(i));
+    if (!kept[static_cast<std::size_t>(i)]) ++removed;
+  }
+  if (removed == 0) return 0;
+  std::vector<std::unique_ptr<CObject>> records(static_cast<std::size_t>(n));
+  for (int i = n - 1; i >= 0; --i) records[static_cast<std::size_t>(i)].reset(list.Release(i));
+  list.Reserve(static_cast<std::size_t>(n - removed));
+  for (int i = 0; i < n; ++i) {
+    if (kept[static_cast<std::size_t>(i)])
+      list.Add(std::move(records[static_cast<std::size_t>(i)]));
+  }
+  return removed;  // the others are deleted with records
+}
+
+}  // namespace
+
+bool CPersonality::RemoveUnusedSystemsAndSets() {
+  const WORD r = m_LastRadio;
+  if (!RadioTypeSupportsSystemKind(r, PlmSystemType)) RemoveSystems(PlmSystemType);
+  if (!RadioTypeSupportsSystemKind(r, TrunkedSystemType)) RemoveSystems(TrunkedSystemType);
+  if (!RadioTypeSupportsSystemKind(r, P25TrkSystemType)) {
+    RemoveSystems(P25TrkSystemType);
+    DeleteOption(RUNTIME_CLASS(CP25tWanOpts));
+  }
+  if (!RadioTypeSupportsSystemKind(r, P25ConvSystemType)) {
+    RemoveSystems(P25ConvSystemType);
+    RemoveSystems(EaSystemType);
+  }
+  if (!RadioTypeSupportsSystemKind(r, ConvSystemType)) {
+    RemoveSystems(ConvSystemType);
+    RemoveAllConventionalSets();
+  } else {
+    RemoveUnusedConvSets();
+  }
+  RemoveUnusedTrunkedSets();
+  RemoveUnusedP25ConvSets();
+  RemoveUnusedGroupSets();
+  RemoveUnusedEaGroupSets();
+  RemoveUnusedP25GroupSets();
+  RemoveUnusedPhoneSets();
+  RemoveUnusedIcallSets();
+  RemoveUnusedSpcallSets();
+  RemoveUnusedPlmGroupSets();
+  RemoveUnusedPlmSpcallSets();
+  return true;
+}
+
+int CPersonality::RemoveSystems(int systemType) {
+  std::vector<const CSystem*> doomed;
+  for (const CObject* record : m_systems) {
+    const auto* system = dynamic_cast<const CSystem*>(record);
+    if (system != nullptr && system->GetSysType() == systemType) doomed.push_back(system);
+  }
+  if (doomed.empty()) return 0;
+  ClearReferencesToSystems(*this, doomed);
+  const int removed = Filter(m_systems, [systemType](const CObject* record) {
+    const auto* system = dynamic_cast<const CSystem*>(record);
+    return system == nullptr || system->GetSysType() != systemType;  // other records stay
+  });
+  InvalidateIndexes();
+  return removed;
+}
+
+int CPersonality::RemoveUnusedSets(SetType type) {
+  std::unordered_set<std::string> used;
+  CString name;
+  for (const CObject* record : m_systems) {
+    const auto* system = dynamic_cast<const CSystem*>(record);
+    if (system != nullptr && SystemSetNameFor(*system, type, &name)) used.insert(Upper(name));
+  }
+  if (type == ConvSetType) {
+    if (const auto* general = GetOption<CGenRadioOpts>())
+      used.insert(Upper(general->GetCnvTestSet()));
+  }
+  if (type == P25GroupSetType) {
+    for (const CObject* record : m_sets[P25ConvSetType]) {
+      if (const auto* conv = dynamic_cast<const CP25ConvSet*>(record)) {
+        used.insert(Upper(conv->GetP25GroupSet()));
+      }
+    }
+  }
+  // A record that is not a set cannot be named by a system: it is unused like any unnamed set.
+  const int removed = Filter(m_sets[type], [&used](const CObject* record) {
+    const auto* set = dynamic_cast<const CSet*>(record);
+    return set != nullptr && used.count(Upper(set->Name())) != 0;
+  });
+  if (removed != 0) InvalidateIndexes();
+  return removed;
+}
+
+int CPersonality::RemoveUnusedConvSets() { return RemoveUnusedSets(ConvSetType); }
+int CPersonality::RemoveUnusedTrunkedSets() { return RemoveUnusedSets(TrunkSetType); }
+int CPersonality::RemoveUnusedP25ConvSets() { return RemoveUnusedSets(P25ConvSetType); }
+int CPersonality::RemoveUnusedGroupSets() { return RemoveUnusedSets(GroupSetType); }
+int CPersonality::RemoveUnusedEaGroupSets() { return RemoveUnusedSets(EaGroupSetType); }
+int CPersonality::RemoveUnusedP25GroupSets() { return RemoveUnusedSets(P25GroupSetType); }
+int CPersonality::RemoveUnusedPhoneSets() { return RemoveUnusedSets(PhoneSetType); }
+int CPersonality::RemoveUnusedIcallSets() { return RemoveUnusedSets(ICallSetType); }
+int CPersonality::RemoveUnusedSpcallSets() { return RemoveUnusedSets(SpCallSetType); }
+int CPersonality::RemoveUnusedPlmGroupSets() { return RemoveUnusedSets(PlmGroupSetType); }
+int CPersonality::RemoveUnusedPlmSpcallSets() { return RemoveUnusedSets(PlmSpCallSetType); }
+
+int CPersonality::RemoveAllConventionalSets() {
+  const int count = m_sets[ConvSetType].GetCount();
+  EmptySetList(ConvSetType);
+  InvalidateIndexes();
+  return count;
+}
+
+int CPersonality::checkForSystemReferencesToSet(const CString& name, SetType type) {
+  if (name.IsEmpty() || !IsValidSetType(type)) return 0;
+  const std::string wanted = Upper(name);
+  CString field;
+  for (const CObject* record : m_systems) {
+    const auto* system = dynamic_cast<const CSystem*>(record);
+    if (system != nullptr && SystemSetNameFor(*system, type, &field) && Upper(field) == wanted) {
+      return 1;
+    }
+  }
+  return 0;
+}
+
+}  // namespace persona

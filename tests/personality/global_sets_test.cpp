@@ -1,0 +1,305 @@
+// Global set files with real files in a temporary folder: paths and hostile names, the
+// overwrite question, write failures and their message, and what a read hands over.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include <persona/calls/phone_set.h>
+#include <persona/conventional/conv_set.h>
+#include <persona/framework/file_io.h>
+#include <persona/framework/prompt.h>
+#include <persona/options/status_message.h>
+#include <persona/personality/global_sets.h>
+#include <persona/personality/personality.h>
+#include <persona/systems/esk_data.h>
+#include <persona/systems/ext_add_group_set.h>
+#include <persona/systems/group_set.h>
+#include <persona/systems/trunk_set.h>
+
+namespace persona {
+namespace {
+
+std::string FreshDir(const std::string& name) {
+  const std::string dir = ::testing::TempDir() + "/persona_gs_" + name;
+  EXPECT_EQ(std::system(("rm -rf '" + dir + "' && mkdir -p '" + dir + "'").c_str()), 0);
+  return dir;
+}
+
+// Records what the prompts said and answers with a fixed button.
+struct PromptRecorder {
+  explicit PromptRecorder(int answer) {
+    old = SetPromptHandler([this, answer](const CString& text, UINT) {
+      said.push_back(text.str());
+      return answer;
+    });
+  }
+  ~PromptRecorder() { SetPromptHandler(old); }
+  std::vector<std::string> said;
+  PromptHandler old;
+};
+
+TEST(GlobalSets, PathsAndHostileNames) {
+  CString path;
+  ASSERT_TRUE(GlobalSetPath("/data/sets", "East", GroupSetType, &path));
+  EXPECT_EQ(path, "/data/sets/East.GRS");
+  ASSERT_TRUE(GlobalSetPath("/data/sets/", "City", PhoneSetType, &path));
+  EXPECT_EQ(path, "/data/sets/City.PHS");
+  ASSERT_TRUE(GlobalSetPath("", "Fire", ConvSetType, &path));
+  EXPECT_EQ(path, "Fire.CVS");
+  for (const char* bad : {"../etc/passwd", "a/b", "a\\b", "..", ".", "", "x..y"}) {
+    EXPECT_FALSE(GlobalSetPath("/data", bad, GroupSetType, &path)) << bad;
+  }
+  EXPECT_FALSE(GlobalSetPath("/data", "East", 11, &path));
+  std::size_t count = 0;
+  const GlobalSetKind* kinds = GlobalSetKinds(&count);
+  ASSERT_EQ(count, 11u);
+  EXPECT_STREQ(kinds[2].extension, ".EGR");
+  EXPECT_STREQ(GlobalSetKindOf(PlmSpCallSetType)->messageName, "Global Pellam Spec Call set ");
+}
+
+TEST(GlobalSets, WriteAsksBeforeOverwritingAndReportsFailures) {
+  const std::string dir = FreshDir("write");
+  const CString path = CString(dir) + "/City.PHS";
+  CSet first(PhoneSetType);
+  first.SetName("City");
+  ASSERT_TRUE(WriteSet(&first, path, true));
+  const std::vector<BYTE> before = ReadWholeFile(path.str());
+
+  CSet second(PhoneSetType);
+  second.SetName("Other");
+  {
+    PromptRecorder no(IDNO);
+    EXPECT_FALSE(WriteSet(&second, path, true));
+    EXPECT_EQ(no.said,
+              std::vector<std::string>{"File already exists, Overwrite existing global set?"});
+  }
+  EXPECT_EQ(ReadWholeFile(path.str()), before);
+  {
+    PromptRecorder yes(IDYES);
+    EXPECT_TRUE(WriteSet(&second, path, true));
+  }
+  EXPECT_NE(ReadWholeFile(path.str()), before);
+  EXPECT_TRUE(WriteSet(&first, path, false));  // no question without confirmation
+  EXPECT_EQ(ReadWholeFile(path.str()), before);
+
+  PromptRecorder ok(IDOK);
+  EXPECT_FALSE(WriteSet(&first, CString(dir) + "/missing/City.PHS", false));
+  EXPECT_EQ(ok.said, std::vector<std::string>{
+                         "Your set could not be saved because No such file or directory."});
+}
+
+TEST(GlobalSets, ReadHandsOverTheSetByClassAndTellsTheType) {
+  const std::string dir = FreshDir("read");
+  CSet set(PhoneSetType);
+  set.SetName("Mixed Case");
+  auto* msg = new CStatusMessage;
+  msg->SetName("kept");
+  set.Add(msg);
+  ASSERT_TRUE(WriteSet(&set, CString(dir) + "/east.phs", false));
+
+  const CString asked = CString(dir) + "/EAST.PHS";
+  const CString found = ResolveGlobalSetFile(asked);
+  EXPECT_EQ(found, CString(dir) + "/east.phs");
+  EXPECT_EQ(ResolveGlobalSetFile(CString(dir) + "/none.PHS"), CString(dir) + "/none.PHS");
+
+  std::unique_ptr<CSet> out;
+  EXPECT_FALSE(ReadSetFile(CString(dir) + "/none.PHS", "CSet", PhoneSetType, &out));
+  EXPECT_EQ(out, nullptr);
+  EXPECT_FALSE(ReadSetFile(found, "CPhoneSet", PhoneSetType, &out));  // another class
+  EXPECT_EQ(out, nullptr);
+  EXPECT_FALSE(ReadSetFile(found, "CSet", ICallSetType, &out));  // right class, other type
+  ASSERT_NE(out, nullptr);
+  EXPECT_TRUE(ReadSetFile(found, "CSet", PhoneSetType, &out));
+  EXPECT_EQ(out->GetName(), "MIXED CASE");
+  EXPECT_EQ(out->GetSize(), 1);
+}
+
+// Sets the byte field called name of rec (the set type byte has no public setter).
+class ByteSetter : public CFieldSkipper {
+ public:
+  using CFieldSkipper::Field;
+  ByteSetter(const char* name, BYTE value) : m_name(name), m_value(value) {}
+  void Field(const FieldInfo& f, BYTE& v) override {
+    if (std::string(f.name) == m_name) v = m_value;
+  }
+
+ private:
+  std::string m_name;
+  BYTE m_value;
+};
+
+CGroupSet* Groups(const char* name, std::initializer_list<const char*> groups, BYTE scope = 1) {
+  auto* set = new CGroupSet;
+  set->SetName(name);
+  set->SetScope(scope);
+  for (const char* g : groups) {
+    auto* group = new CGroup;
+    group->SetName(g);
+    set->Add(group);
+  }
+  return set;
+}
+
+CConvSet* Channels(const char* name, double txFreq) {
+  auto* set = new CConvSet;
+  set->SetName(name);
+  set->SetScope(1);
+  auto* ch = new CConvChannel;
+  ch->SetName("CH1");
+  ch->SetTxFreq(txFreq);
+  ch->SetRxFreq(855.0);
+  set->Add(ch);
+  return set;
+}
+
+TEST(GlobalSets, ReadSetOverloadsCheckClassAndType) {
+  const std::string dir = FreshDir("overloads");
+  std::unique_ptr<CGroupSet> plain(Groups("east", {"G1"}));
+  ByteSetter type10("SetType", EaGroupSetType);
+  plain->VisitFields(type10);
+  ASSERT_TRUE(WriteSet(plain.get(), CString(dir) + "/East.GRS", false));
+
+  CGroupSet* group = nullptr;
+  EXPECT_FALSE(ReadSet(group, CString(dir) + "/east.grs"));  // right class, type byte 10
+  ASSERT_NE(group, nullptr);
+  std::unique_ptr<CGroupSet> owned(group);
+  EXPECT_EQ(group->GetName(), "EAST");
+  EXPECT_EQ(group->GetSize(), 1);
+
+  CConvSet* conv = nullptr;
+  EXPECT_FALSE(ReadSet(conv, CString(dir) + "/East.GRS"));  // another class: nothing handed over
+  EXPECT_EQ(conv, nullptr);
+  CExtAddGroupSet* ea = nullptr;
+  EXPECT_FALSE(ReadSet(ea, CString(dir) + "/Missing.EGR"));
+  EXPECT_EQ(ea, nullptr);
+
+  std::unique_ptr<CConvSet> fire(Channels("Fire", 810.0));
+  ASSERT_TRUE(WriteSet(fire.get(), CString(dir) + "/Fire.CVS", false));
+  EXPECT_TRUE(ReadSet(conv, CString(dir) + "/Fire.CVS"));
+  std::unique_ptr<CConvSet> read(conv);
+  EXPECT_EQ(read->GetName(), "FIRE");
+  EXPECT_EQ(SetFitsBand(*read, 806.0, 825.0, 850.0, 870.0), 1);
+  EXPECT_EQ(SetFitsBand(*read, 811.0, 825.0, 850.0, 870.0), 0);  // below the Tx minimum
+}
+
+TEST(GlobalSets, RefreshTakesTheFileAndKeepsTheLocalName) {
+  const std::string dir = FreshDir("refresh");
+  std::unique_ptr<CGroupSet> global(Groups("whatever", {"G1", "G2", "G3"}));
+  ASSERT_TRUE(WriteSet(global.get(), CString(dir) + "/EAST.grs", false));  // another case
+
+  auto* p = new CPersonality;
+  std::unique_ptr<CPersonality> owner(p);
+  p->AddSet(Groups("Local", {"L1"}, 0), GroupSetType);
+  p->AddSet(Groups("East", {"Old"}), GroupSetType);
+  PromptRecorder ok(IDOK);
+  EXPECT_TRUE(ReadPersonalityGlobalSets(p, CString(dir)));
+  EXPECT_TRUE(ok.said.empty());
+  ASSERT_EQ(p->GetNumSets(GroupSetType), 2);
+  CSet* east = p->GetSetAt(1, GroupSetType);
+  EXPECT_EQ(east->GetName(), "East");
+  EXPECT_EQ(east->GetScope(), 1);  // the file's scope byte
+  EXPECT_EQ(east->GetSize(), 3);
+  EXPECT_EQ(p->GetSet("east", GroupSetType), east);
+  EXPECT_EQ(p->GetSetAt(0, GroupSetType)->GetSize(), 1);  // local sets are left alone
+}
+
+TEST(GlobalSets, RefreshKeepsTheLocalCopyWhenTheFileCannotBeUsed) {
+  const std::string dir = FreshDir("failures");
+  std::unique_ptr<CConvSet> hot(Channels("Hot", 900.0));
+  ASSERT_TRUE(WriteSet(hot.get(), CString(dir) + "/Hot.CVS", false));
+  CPhoneSet phones;
+  phones.SetName("Wrong");
+  ASSERT_TRUE(WriteSet(&phones, CString(dir) + "/Wrong.GRS", false));
+  std::unique_ptr<CGroupSet> typed(Groups("Typed", {"G"}));
+  ByteSetter type10("SetType", EaGroupSetType);
+  typed->VisitFields(type10);
+  ASSERT_TRUE(WriteSet(typed.get(), CString(dir) + "/Typed.GRS", false));
+  WriteFileAtomically(dir + "/Broken.GRS", std::vector<BYTE>{0xFF, 0xFF, 0x01});
+  ASSERT_EQ(std::system(("mkdir -p '" + dir + "/sub' && touch '" + dir + "/sub/x.GRS'").c_str()),
+            0);
+
+  auto* p = new CPersonality;
+  std::unique_ptr<CPersonality> owner(p);
+  p->AddSet(Channels("Hot", 810.0), ConvSetType);
+  p->AddSet(Channels("Gone", 810.0), ConvSetType);
+  for (const char* name : {"Wrong", "Typed", "Broken", "../failures/sub/x", "sub/x"}) {
+    p->AddSet(Groups(name, {"Mine"}), GroupSetType);
+  }
+  PromptRecorder ok(IDOK);
+  EXPECT_TRUE(ReadPersonalityGlobalSets(p, CString(dir)));
+  ASSERT_EQ(ok.said.size(), 7u);
+  // Group sets come before conventional sets.
+  EXPECT_EQ(ok.said[0], "Global Group set Wrong not found, using local copy");
+  EXPECT_EQ(ok.said[1], "Global Group set Typed not found, using local copy");
+  EXPECT_EQ(ok.said[2].rfind("Global Group set Broken could not be read (", 0), 0u) << ok.said[2];
+  EXPECT_EQ(ok.said[3],
+            "Global Group set ../failures/sub/x is not a usable file name, using local copy");
+  EXPECT_EQ(ok.said[4], "Global Group set sub/x is not a usable file name, using local copy");
+  EXPECT_EQ(ok.said[5], "Global Conv set Hot contains out of range frequencies, using local copy");
+  EXPECT_EQ(ok.said[6], "Global Conv set Gone not found, using local copy");
+  for (SetType type : {GroupSetType, ConvSetType}) {
+    for (int i = 0; i < p->GetNumSets(type); ++i) {
+      const CSet* set = p->GetSetAt(i, type);
+      EXPECT_EQ(set->GetScope(), 0) << set->GetName().str();
+      EXPECT_EQ(set->GetSize(), 1) << set->GetName().str();
+    }
+  }
+  EXPECT_EQ(static_cast<CConvChannel*>(p->GetSetAt(0, ConvSetType)->GetAt(0))->GetTxFreq(), 810.0);
+  // A second refresh has nothing left to do.
+  EXPECT_TRUE(ReadPersonalityGlobalSets(p, CString(dir)));
+  EXPECT_EQ(ok.said.size(), 7u);
+}
+
+TEST(GlobalSets, RefreshedTrunkSetKeepsTheKeysThatCameWithIt) {
+  const std::string dir = FreshDir("keys");
+  CEskData key;
+  key.SetEsk(7);
+  key.SetEskId("K7");
+  CTrunkSet trunk;
+  trunk.SetName("Metro");
+  trunk.SetScope(1);
+  trunk.AddEsk(&key);
+  ASSERT_TRUE(WriteSet(&trunk, CString(dir) + "/Metro.TRS", false));
+
+  auto* p = new CPersonality;
+  std::unique_ptr<CPersonality> owner(p);
+  auto* local = new CTrunkSet;
+  local->SetName("Metro");
+  local->SetScope(1);
+  p->AddSet(local, TrunkSetType);
+  PromptRecorder ok(IDOK);
+  EXPECT_TRUE(ReadPersonalityGlobalSets(p, CString(dir)));
+  EXPECT_TRUE(ok.said.empty());
+  auto* refreshed = static_cast<CTrunkSet*>(p->GetSetAt(0, TrunkSetType));
+  ASSERT_EQ(refreshed->GetNumEsks(), 1);
+  EXPECT_EQ(refreshed->GetEskAt(0)->GetEskId(), "K7");
+  EXPECT_EQ(refreshed->GetEskAt(0)->GetEsk(), 7);
+  // The refreshed personality saves and copies with its keys.
+  CPersonality copy(*p);
+  EXPECT_EQ(static_cast<CTrunkSet*>(copy.GetSetAt(0, TrunkSetType))->GetEskAt(0)->GetEskId(), "K7");
+}
+
+TEST(GlobalSets, RefreshListsTheFolderOnceForManySets) {
+  const std::string dir = FreshDir("many");
+  auto* p = new CPersonality;
+  std::unique_ptr<CPersonality> owner(p);
+  for (int i = 0; i < 60; ++i) {
+    const std::string name = "S" + std::to_string(i);
+    CPhoneSet set;
+    set.SetName(name.c_str());
+    set.SetScope(1);
+    ASSERT_TRUE(WriteSet(&set, CString(dir + "/" + name + ".phs"), false));
+    auto* local = new CPhoneSet;
+    local->SetName(name.c_str());
+    local->SetScope(1);
+    p->AddSet(local, PhoneSetType);
+  }
+  PromptRecorder ok(IDOK);
+  EXPECT_TRUE(ReadPersonalityGlobalSets(p, CString(dir)));
+  EXPECT_TRUE(ok.said.empty());
+  EXPECT_EQ(p->GetNumSets(PhoneSetType), 60);
+  EXPECT_EQ(p->GetSetAt(59, PhoneSetType)->GetName(), "S59");
+}
+
+}  // namespace
+}  // namespace persona

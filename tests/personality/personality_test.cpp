@@ -1,0 +1,288 @@
+// CPersonality: the stored vectors, the file layout by schema, the load repairs, a rich round
+// trip, copy and assignment.
+#include <persona/personality/personality.h>
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include <persona/options/macro.h>
+#include <persona/options/status_message.h>
+#include <persona/systems/conv_system.h>
+#include <persona/systems/esk_data.h>
+#include <persona/systems/ext_add_system.h>
+#include <persona/systems/p25_conv_system.h>
+#include <persona/systems/p25_trk_system.h>
+#include <persona/systems/plm_system.h>
+#include <persona/systems/trunk_system.h>
+#include "support/record_testing.h"
+#include "support/test_data.h"
+
+namespace persona {
+namespace {
+
+using test::Hex;
+using test::LoadAs;
+using test::ReadTestFile;
+using test::StoreObject;
+
+// Offset of the schema word in the class tag of a root personality.
+constexpr std::size_t kSchemaOffset = 2;
+
+TEST(PersonalityVectors, EmptyPersonalityLoadsAndStoresBackByteForByte) {
+  const std::vector<BYTE> bytes = ReadTestFile("vectors/personality_empty.bin");
+  auto p = LoadAs<CPersonality>(bytes, "personality_empty.bin");
+  EXPECT_EQ(p->GetName(), "Demo");
+  EXPECT_EQ(p->GetDescription(), "bench sample");
+  EXPECT_EQ(p->GetSavedOn(), "2026-11-21 10:00");
+  EXPECT_EQ(p->GetSavedBy(), "tech");
+  EXPECT_EQ(p->GetVersion(), 20);
+  ASSERT_EQ(p->GetNumRadioTypes(), 1);
+  EXPECT_EQ(p->GetRadioTypeAt(0), 68);
+  EXPECT_EQ(p->GetTxMinFreq(), 806.0);
+  EXPECT_EQ(p->GetTxMaxFreq(), 825.0);
+  EXPECT_EQ(p->GetRxMinFreq(), 851.0);
+  EXPECT_EQ(p->GetRxMaxFreq(), 870.0);
+  EXPECT_EQ(p->GetLastRadio(), 68);
+  EXPECT_EQ(p->GetStoredSchema(), 4);
+  EXPECT_TRUE(p->IsLoaded());
+  EXPECT_EQ(p->GetNumSystems(), 0);
+  EXPECT_EQ(p->GetNumOptions(), 0);
+  EXPECT_EQ(Hex(StoreObject(p.get())), Hex(bytes));
+}
+
+TEST(PersonalityVectors, SchemaOneFileHasNoLaterListsAndGetsTheNewBandEdge) {
+  const std::vector<BYTE> bytes = ReadTestFile("vectors/personality_schema1.bin");
+  CArchive ar(bytes.data(), bytes.size(), "personality_schema1.bin");
+  std::unique_ptr<CObject> obj = ar.ReadOwnedObject(RUNTIME_CLASS(CPersonality));
+  EXPECT_EQ(ar.GetRemaining(), 0u);  // no P25 or extended-addressing lists were read
+  auto* p = static_cast<CPersonality*>(obj.get());
+  EXPECT_EQ(p->GetStoredSchema(), 1);
+  EXPECT_EQ(p->GetTxMaxFreq(), 901.9875);
+  EXPECT_EQ(p->GetName(), "Demo");
+  EXPECT_EQ(p->GetLastRadio(), 68);
+}
+
+// A personality with one set in each of the lists that later schemas added.
+std::vector<BYTE> StoredWithLaterLists() {
+  CPersonality p;
+  for (SetType t : {P25GroupSetType, P25ConvSetType, EaGroupSetType}) {
+    auto* set = static_cast<CSet*>(CPersonality::SetClassOf(t)->CreateObject());
+    set->SetName(CString::Formatted("SET%d", static_cast<int>(t)));
+    p.AddSet(set, t);
+  }
+  return StoreObject(&p);
+}
+
+TEST(PersonalityLayout, LaterSetListsAreReadByStoredSchema) {
+  std::vector<BYTE> bytes = StoredWithLaterLists();
+  EXPECT_EQ(bytes[kSchemaOffset], 4);
+  for (BYTE schema : {1, 2, 3, 4}) {
+    bytes[kSchemaOffset] = schema;
+    auto p = LoadAs<CPersonality>(bytes);
+    const int p25 = schema >= 2 ? 1 : 0;
+    EXPECT_EQ(p->GetNumP25GrpSets(), p25) << int{schema};
+    EXPECT_EQ(p->GetNumP25CnvSets(), p25) << int{schema};
+    EXPECT_EQ(p->GetNumEaGrpSets(), schema >= 3 ? 1 : 0) << int{schema};
+  }
+}
+
+TEST(PersonalityLayout, HeaderTextNamesTheFileAndDoublesFollowArchiveOrder) {
+  CPersonality p(68, 0);
+  p.SetName("N");
+  p.SetSavedOn("D");
+  p.SetSavedBy("B");
+  p.SetVersion(7);
+  p.SetTxMinFreq(1.0);
+  p.SetRxMinFreq(2.0);
+  p.SetTxMaxFreq(3.0);
+  p.SetRxMaxFreq(4.0);
+  const std::vector<BYTE> bytes = StoreObject(&p);
+  const std::string text(bytes.begin(), bytes.end());
+  EXPECT_NE(text.find("Name\bN\bLastSaved\bD\bSavedBy\bB\bVersion\b0007\b"), std::string::npos);
+  // Tx minimum, Tx maximum, Rx minimum, Rx maximum, then the last radio, then three empty lists.
+  double limits[4];
+  const std::size_t at = bytes.size() - 6 - 2 - sizeof limits;
+  std::memcpy(limits, bytes.data() + at, sizeof limits);
+  EXPECT_EQ(limits[0], 1.0);
+  EXPECT_EQ(limits[1], 3.0);
+  EXPECT_EQ(limits[2], 2.0);
+  EXPECT_EQ(limits[3], 4.0);
+}
+
+// Stores p, overwrites the four limits in the stored bytes and loads it again.
+std::unique_ptr<CPersonality> LoadWithLimits(double txMin, double txMax, double rxMin, double rxMax,
+                                             WORD version = 20) {
+  CPersonality p;
+  p.SetVersion(version);
+  p.SetTxMinFreq(txMin);
+  p.SetTxMaxFreq(txMax);
+  p.SetRxMinFreq(rxMin);
+  p.SetRxMaxFreq(rxMax);
+  return LoadAs<CPersonality>(StoreObject(&p));
+}
+
+TEST(PersonalityLoadRepairs, OldBandEdgesAreCorrectedOnExactMatchOnly) {
+  auto p = LoadWithLimits(895.0, 902.0, 895.0, 902.0);
+  EXPECT_EQ(p->GetTxMinFreq(), 896.0125);
+  EXPECT_EQ(p->GetTxMaxFreq(), 901.9875);
+  EXPECT_EQ(p->GetRxMinFreq(), 935.0125);
+  EXPECT_EQ(p->GetRxMaxFreq(), 940.9875);
+  auto q = LoadWithLimits(895.0000001, 902.0000001, 806.0, 870.0);
+  EXPECT_EQ(q->GetTxMinFreq(), 895.0000001);
+  EXPECT_EQ(q->GetTxMaxFreq(), 902.0000001);
+  EXPECT_EQ(q->GetRxMinFreq(), 806.0);
+  EXPECT_EQ(q->GetRxMaxFreq(), 870.0);
+}
+
+TEST(PersonalityLoadRepairs, VersionsBelowSeventeenBecomeTwenty) {
+  EXPECT_EQ(LoadWithLimits(1, 2, 3, 4, 16)->GetVersion(), 20);
+  EXPECT_EQ(LoadWithLimits(1, 2, 3, 4, 0)->GetVersion(), 20);
+  EXPECT_EQ(LoadWithLimits(1, 2, 3, 4, 17)->GetVersion(), 17);
+}
+
+// One system of each kind, every described field set to a distinctive value.
+void AddOneSystemOfEachKind(CPersonality& p) {
+  CSystem* systems[] = {new CTrunkSystem(68, 0),  new CConvSystem(68, 0),
+                        new CPlmSystem(68, 0),    new CP25ConvSystem(68, 0),
+                        new CExtAddSystem(68, 0), new CP25TrkSystem(68, 0)};
+  const SystemType kinds[] = {TrunkedSystemType, ConvSystemType, PlmSystemType,
+                              P25ConvSystemType, EaSystemType,   P25TrkSystemType};
+  for (int i = 0; i < 6; ++i) {
+    test::FillFields(*systems[i], i + 1);
+    systems[i]->SetSysType(kinds[i]);
+    p.AddSystem(systems[i]);
+  }
+}
+
+TEST(PersonalityRoundTrip, RichPersonalityStoresLoadsAndStoresAgainByteForByte) {
+  CPersonality p(88, 0);
+  test::FillFields(p, 3);
+  AddOneSystemOfEachKind(p);
+  p.SetVersion(20);  // a filled version below 17 would be repaired on load
+  auto* status = new CStatusMessage;
+  status->SetName("Busy");
+  status->SetId(4);
+  p.PutOption(status);
+  const std::vector<BYTE> bytes = test::ExpectRoundTrip(p);
+
+  auto loaded = LoadAs<CPersonality>(bytes);
+  ASSERT_EQ(loaded->GetNumSystems(), 6);
+  // Spot checks through the accessors, beyond the generic field comparison.
+  auto* plm = static_cast<CPlmSystem*>(loaded->GetSystemAt(0, PlmSystemType));
+  ASSERT_NE(plm, nullptr);
+  EXPECT_EQ(plm->GetSpCallTone(3), static_cast<CPlmSystem*>(p.GetSystemAt(2))->GetSpCallTone(3));
+  auto* trunked = static_cast<CTrunkSystem*>(loaded->GetSystemAt(0));
+  EXPECT_EQ(trunked->GetESK(), static_cast<CTrunkSystem*>(p.GetSystemAt(0))->GetESK());
+  EXPECT_EQ(trunked->CSystem::GetESK(), p.GetSystemAt(0)->CSystem::GetESK());
+  EXPECT_NE(trunked->GetESK(), trunked->CSystem::GetESK());
+  EXPECT_EQ(
+      static_cast<CStatusMessage*>(loaded->FindOption(RUNTIME_CLASS(CStatusMessage)))->GetId(), 4);
+}
+
+TEST(PersonalityLoad, DamagedFileFailsWithOffsetAndLeavesNothingBehind) {
+  CPersonality p(68, 0);
+  AddOneSystemOfEachKind(p);
+  std::vector<BYTE> bytes = StoreObject(&p);
+  bytes.resize(bytes.size() / 2);
+  try {
+    LoadAs<CPersonality>(bytes, "half.pers");
+    FAIL() << "a truncated personality loaded";
+  } catch (const CArchiveException& e) {
+    EXPECT_EQ(e.m_cause, CArchiveException::endOfFile);
+    EXPECT_EQ(e.m_strFileName, "half.pers");
+    EXPECT_LE(e.m_offset, bytes.size());
+  }
+}
+
+// An option record that refers to key records without owning them, as set key lists do.
+class KeyHolder : public CSerial {
+  DECLARE_SERIAL(KeyHolder)
+ public:
+  CObList keys{RUNTIME_CLASS(CEskData)};
+  void Serialize(CArchive& ar) override { keys.Serialize(ar); }
+};
+IMPLEMENT_SERIAL(KeyHolder, CSerial, 1)
+
+TEST(PersonalityLoad, SharedKeyRecordsLiveAsLongAsThePersonality) {
+  CRuntimeClass::Register(RUNTIME_CLASS(KeyHolder));
+  CEskData key;
+  key.SetEskId("Shared");
+  CPersonality p;
+  auto* holder = new KeyHolder;
+  holder->keys.AddTail(&key);
+  holder->keys.AddTail(&key);
+  p.PutOption(holder);
+  const std::vector<BYTE> bytes = StoreObject(&p);
+
+  std::unique_ptr<CPersonality> loaded;
+  {
+    CArchive ar(bytes.data(), bytes.size(), "shared.pers");
+    loaded.reset(static_cast<CPersonality*>(ar.ReadObject(RUNTIME_CLASS(CPersonality))));
+  }  // the archive is gone; the personality keeps the key record alive
+  const auto* loadedHolder = static_cast<KeyHolder*>(loaded->FindOption(RUNTIME_CLASS(KeyHolder)));
+  ASSERT_EQ(loadedHolder->keys.GetCount(), 2);
+  EXPECT_EQ(loadedHolder->keys.GetAt(0), loadedHolder->keys.GetAt(1));
+  EXPECT_EQ(static_cast<CEskData*>(loadedHolder->keys.GetAt(1))->GetEskId(), "Shared");
+}
+
+TEST(PersonalityOptions, OneRecordPerClassName) {
+  CPersonality p;
+  auto* first = new CStatusMessage;
+  first->SetId(1);
+  p.PutOption(first);
+  CStatusMessage second;  // refused: the caller keeps it
+  p.PutOption(&second);
+  EXPECT_EQ(p.GetNumOptions(), 1);
+  EXPECT_EQ(p.FindOption(RUNTIME_CLASS(CStatusMessage)), first);
+  EXPECT_EQ(p.GetOption(RUNTIME_CLASS(CStatusMessage)), first);  // answered by class name
+  EXPECT_EQ(p.GetOption<CStatusMessage>(), first);
+  p.PutOption(new CSerial);
+  EXPECT_NE(p.GetOption<CSerial>(), nullptr);
+  p.DeleteOption(RUNTIME_CLASS(CStatusMessage));
+  EXPECT_EQ(p.FindOption(RUNTIME_CLASS(CStatusMessage)), nullptr);
+  p.DeleteOption(RUNTIME_CLASS(CStatusMessage));  // nothing left: nothing happens
+  EXPECT_EQ(p.GetNumOptions(), 1);
+}
+
+TEST(PersonalityCopy, CopiesKnownClassesOnlyAndAppendsRadioTypes) {
+  CPersonality src(68, 0);
+  src.AddRadioType(68);  // already there: one entry
+  src.AddRadioType(90);
+  EXPECT_EQ(src.GetNumRadioTypes(), 2);
+  src.SetStateString("busy");
+  src.SetNumGrpNames(9);
+  AddOneSystemOfEachKind(src);
+  auto* base = new CSystem;  // not one of the six system classes
+  base->SetName("plain");
+  src.AddSystem(base);
+  auto* conv = static_cast<CConvSystem*>(src.GetSystemAt(1));
+  conv->SetAltPttIndex(7);
+  src.PutOption(new CMacro);
+  src.PutOption(new CSerial);  // not an option class known to the merge
+
+  CPersonality copy(src);
+  EXPECT_EQ(copy.GetNumSystems(), 6);
+  EXPECT_EQ(copy.GetSystem("plain"), nullptr);
+  EXPECT_EQ(static_cast<CConvSystem*>(copy.GetSystemAt(1))->GetAltPttIndex(), 0);
+  EXPECT_EQ(copy.GetNumOptions(), 1);
+  EXPECT_NE(copy.FindOption(RUNTIME_CLASS(CMacro)), src.FindOption(RUNTIME_CLASS(CMacro)));
+  EXPECT_EQ(copy.GetStateString(), "");
+  EXPECT_EQ(copy.GetNumGrpNames(), 0);
+  EXPECT_EQ(copy.GetNumRadioTypes(), 2);
+  EXPECT_EQ(test::DumpFields(*copy.GetSystemAt(5)), test::DumpFields(*src.GetSystemAt(5)));
+
+  CPersonality target(90, 0);
+  target.AddSystem(new CTrunkSystem);
+  target = &src;
+  EXPECT_EQ(target.GetNumSystems(), 6);  // emptied first
+  ASSERT_EQ(target.GetNumRadioTypes(), 3);
+  EXPECT_EQ(target.GetRadioTypeAt(0), 90);
+  EXPECT_EQ(target.GetRadioTypeAt(1), 68);
+  EXPECT_EQ(target.GetRadioTypeAt(2), 90);
+  target = &target;  // self-assignment: nothing happens
+  EXPECT_EQ(target.GetNumSystems(), 6);
+}
+
+}  // namespace
+}  // namespace persona
