@@ -47,8 +47,9 @@ for kind in "${kinds[@]}"; do
   grep -q "^persona 0\.2\." "$work/$kind/log" || fail "no version line"
   grep -q "receive .* MHz -> 851.51250 MHz" "$work/$kind/log" || fail "channel not changed"
   grep -q "^saved " "$work/$kind/log" || fail "nothing saved"
-  # The saved file reads back with the installed tool and holds the new frequency.
-  LD_LIBRARY_PATH="$prefix/lib" "$prefix/bin/persona" report "$out" | grep -Eq "Rx Frequency +- 851\.5125 " ||
+  # The saved file reads back with the installed tool and holds the new frequency (grep reads
+  # the whole report: the tool streams it, and a reader that stops early would break the pipe).
+  LD_LIBRARY_PATH="$prefix/lib" "$prefix/bin/persona" report "$out" | grep -E "Rx Frequency +- 851\.5125 " >/dev/null ||
     fail "the saved personality does not hold the changed frequency"
 
   # pkg-config: the flags of both libraries, and a program built with nothing else.

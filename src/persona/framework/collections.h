@@ -124,8 +124,9 @@ class PERSONA_EXPORT COwnedObList {
 };
 
 // Array of values with the framework's index rules (positions checked, SetSize to grow).
+// Instantiated in the library for CString and WORD (exported with them).
 template <class T>
-class CValueArray {
+class PERSONA_EXPORT CValueArray {
  public:
   int GetSize() const { return static_cast<int>(m_items.size()); }
   int GetCount() const { return GetSize(); }
