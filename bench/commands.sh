@@ -59,7 +59,7 @@ measure() {
   measure export "$persona" export "$work/big.pers" -o "$work/out.json"
   measure import "$persona" import "$work/big.json" -o "$work/out.pers"
   measure diff "$persona" diff "$work/big.pers" "$work/other.pers"
-  measure merge "$persona" merge "$work/big.pers" "$work/other.pers" -o "$work/out.pers"
+  measure merge "$persona" merge "$work/big.pers" "$work/other.pers" --prefer a --force -o "$work/out.pers"
   measure prune "$persona" prune "$work/big.pers" --dry-run
 } >"$work/results"
 
