@@ -16,6 +16,7 @@
 #include <persona/framework/codepage.h>
 #include <persona/framework/fields.h>
 #include <persona/framework/file_io.h>
+#include <persona/io/json/field_refs.h>
 #include <persona/io/json/personality_json.h>
 
 namespace persona {
@@ -26,56 +27,6 @@ constexpr int kMaxDepth = 32;  // records nested deeper are refused (as the whol
 
 // Thrown to abandon the stream.
 struct Abandon {};
-
-enum class FieldKind {
-  Bool,
-  Byte,
-  Word,
-  Short,
-  Dword,
-  Long,
-  Double,
-  String,
-  Strings,
-  Words,
-  WordTable,
-  Owned,
-  Shared
-};
-
-struct FieldRef {
-  const char* name;
-  FieldKind kind;
-  void* member;
-  std::size_t count;  // WordTable: its length
-};
-
-// The member references of one record, in field order.
-class FieldTable : public CFieldVisitor {
- public:
-  std::vector<FieldRef> fields;
-
-  void Field(const FieldInfo& f, bool& v) override { Add(f, FieldKind::Bool, &v); }
-  void Field(const FieldInfo& f, BYTE& v) override { Add(f, FieldKind::Byte, &v); }
-  void Field(const FieldInfo& f, WORD& v) override { Add(f, FieldKind::Word, &v); }
-  void Field(const FieldInfo& f, short& v) override { Add(f, FieldKind::Short, &v); }
-  void Field(const FieldInfo& f, DWORD& v) override { Add(f, FieldKind::Dword, &v); }
-  void Field(const FieldInfo& f, LONG& v) override { Add(f, FieldKind::Long, &v); }
-  void Field(const FieldInfo& f, double& v) override { Add(f, FieldKind::Double, &v); }
-  void Field(const FieldInfo& f, CString& v) override { Add(f, FieldKind::String, &v); }
-  void Field(const FieldInfo& f, CStringArray& v) override { Add(f, FieldKind::Strings, &v); }
-  void Field(const FieldInfo& f, CWordArray& v) override { Add(f, FieldKind::Words, &v); }
-  void Field(const FieldInfo& f, WORD* values, std::size_t count) override {
-    Add(f, FieldKind::WordTable, values, count);
-  }
-  void Field(const FieldInfo& f, COwnedObList& v) override { Add(f, FieldKind::Owned, &v); }
-  void Field(const FieldInfo& f, CObList& v) override { Add(f, FieldKind::Shared, &v); }
-
- private:
-  void Add(const FieldInfo& f, FieldKind kind, void* member, std::size_t count = 0) {
-    fields.push_back({f.name, kind, member, count});
-  }
-};
 
 // One open object or array of the document.
 struct Frame {
@@ -335,9 +286,7 @@ void Reader::CreateRecord(Frame& f, const string_t& className) {
     m_root.reset(static_cast<CPersonality*>(rec.release()));
   }
   ++m_openRecords;
-  FieldTable table;
-  f.rec->VisitFields(table);
-  f.fields = std::move(table.fields);
+  CollectFieldRefs(*f.rec, f.fields);
   f.seen.assign(f.fields.size(), false);
 }
 

@@ -13,6 +13,7 @@
 #include <persona/framework/codepage.h>
 #include <persona/framework/fields.h>
 #include <persona/integrity/name_refs.h>
+#include <persona/io/json/field_refs.h>
 #include <persona/io/json/record_json.h>
 #include <persona/personality/personality.h>
 
@@ -22,62 +23,9 @@ namespace {
 
 // ---- the fields of one record ---------------------------------------------------------------
 
-enum class FType : unsigned char {
-  Bool,
-  Byte,
-  Word,
-  Short,
-  Dword,
-  Long,
-  Double,
-  String,
-  Strings,
-  Words,
-  WordTable,
-  Owned,
-  Shared
-};
-
-struct FieldRef {
-  const char* name;
-  FType type;
-  void* p;
-  std::size_t count;  // WordTable: the number of values
-};
-
-class FieldCollector : public CFieldVisitor {
- public:
-  explicit FieldCollector(std::vector<FieldRef>& out) : m_out(out) {}
-  void Field(const FieldInfo& f, bool& v) override { Add(f, FType::Bool, &v); }
-  void Field(const FieldInfo& f, BYTE& v) override { Add(f, FType::Byte, &v); }
-  void Field(const FieldInfo& f, WORD& v) override { Add(f, FType::Word, &v); }
-  void Field(const FieldInfo& f, short& v) override { Add(f, FType::Short, &v); }
-  void Field(const FieldInfo& f, DWORD& v) override { Add(f, FType::Dword, &v); }
-  void Field(const FieldInfo& f, LONG& v) override { Add(f, FType::Long, &v); }
-  void Field(const FieldInfo& f, double& v) override { Add(f, FType::Double, &v); }
-  void Field(const FieldInfo& f, CString& v) override { Add(f, FType::String, &v); }
-  void Field(const FieldInfo& f, CStringArray& v) override { Add(f, FType::Strings, &v); }
-  void Field(const FieldInfo& f, CWordArray& v) override { Add(f, FType::Words, &v); }
-  void Field(const FieldInfo& f, WORD* values, std::size_t count) override {
-    m_out.push_back({f.name, FType::WordTable, values, count});
-  }
-  void Field(const FieldInfo& f, COwnedObList& v) override { Add(f, FType::Owned, &v); }
-  void Field(const FieldInfo& f, CObList& v) override { Add(f, FType::Shared, &v); }
-
- private:
-  void Add(const FieldInfo& f, FType t, void* p) { m_out.push_back({f.name, t, p, 0}); }
-  std::vector<FieldRef>& m_out;
-};
-
-void Collect(CObject& rec, std::vector<FieldRef>& out) {
-  out.clear();
-  FieldCollector collector(out);
-  rec.VisitFields(collector);
-}
-
 template <class T>
 const T& As(const FieldRef& f) {
-  return *static_cast<const T*>(f.p);
+  return *static_cast<const T*>(f.member);
 }
 
 template <class A>
@@ -92,31 +40,31 @@ bool SameArray(const A& a, const A& b) {
 
 // Equal values of two scalar or array fields of the same type (doubles bit for bit, as stored).
 bool SameValue(const FieldRef& a, const FieldRef& b) {
-  switch (a.type) {
-    case FType::Bool:
+  switch (a.kind) {
+    case FieldKind::Bool:
       return As<bool>(a) == As<bool>(b);
-    case FType::Byte:
+    case FieldKind::Byte:
       return As<BYTE>(a) == As<BYTE>(b);
-    case FType::Word:
+    case FieldKind::Word:
       return As<WORD>(a) == As<WORD>(b);
-    case FType::Short:
+    case FieldKind::Short:
       return As<short>(a) == As<short>(b);
-    case FType::Dword:
+    case FieldKind::Dword:
       return As<DWORD>(a) == As<DWORD>(b);
-    case FType::Long:
+    case FieldKind::Long:
       return As<LONG>(a) == As<LONG>(b);
-    case FType::Double:
-      return std::memcmp(a.p, b.p, sizeof(double)) == 0;
-    case FType::String:
+    case FieldKind::Double:
+      return std::memcmp(a.member, b.member, sizeof(double)) == 0;
+    case FieldKind::String:
       return As<CString>(a).str() == As<CString>(b).str();
-    case FType::Strings:
+    case FieldKind::Strings:
       return SameArray(As<CStringArray>(a), As<CStringArray>(b));
-    case FType::Words:
+    case FieldKind::Words:
       return SameArray(As<CWordArray>(a), As<CWordArray>(b));
-    case FType::WordTable:
-      return a.count == b.count && std::memcmp(a.p, b.p, a.count * sizeof(WORD)) == 0;
-    case FType::Owned:
-    case FType::Shared:
+    case FieldKind::WordTable:
+      return a.count == b.count && std::memcmp(a.member, b.member, a.count * sizeof(WORD)) == 0;
+    case FieldKind::Owned:
+    case FieldKind::Shared:
       break;
   }
   return false;
@@ -140,42 +88,42 @@ std::string RecordText(CObject* rec) {
 // The JSON text of a field's value, as the JSON form of records writes it.
 std::string ValueText(const FieldRef& f) {
   Json j;
-  switch (f.type) {
-    case FType::Bool:
+  switch (f.kind) {
+    case FieldKind::Bool:
       return As<bool>(f) ? "true" : "false";
-    case FType::Byte:
+    case FieldKind::Byte:
       return std::to_string(As<BYTE>(f));
-    case FType::Word:
+    case FieldKind::Word:
       return std::to_string(As<WORD>(f));
-    case FType::Short:
+    case FieldKind::Short:
       return std::to_string(As<short>(f));
-    case FType::Dword:
+    case FieldKind::Dword:
       return std::to_string(As<DWORD>(f));
-    case FType::Long:
+    case FieldKind::Long:
       return std::to_string(As<LONG>(f));
-    case FType::Double:
+    case FieldKind::Double:
       return DoubleJson(As<double>(f)).dump();
-    case FType::String:
+    case FieldKind::String:
       return Json(Windows1252ToUtf8(As<CString>(f).str())).dump();
-    case FType::Strings:
+    case FieldKind::Strings:
       j = Json::array();
       for (const CString& s : As<CStringArray>(f)) j.push_back(Windows1252ToUtf8(s.str()));
       break;
-    case FType::Words:
+    case FieldKind::Words:
       j = Json::array();
       for (WORD w : As<CWordArray>(f)) j.push_back(w);
       break;
-    case FType::WordTable:
+    case FieldKind::WordTable:
       j = Json::array();
-      for (std::size_t i = 0; i < f.count; ++i) j.push_back(static_cast<const WORD*>(f.p)[i]);
+      for (std::size_t i = 0; i < f.count; ++i) j.push_back(static_cast<const WORD*>(f.member)[i]);
       break;
-    case FType::Owned:
-    case FType::Shared: {
+    case FieldKind::Owned:
+    case FieldKind::Shared: {
       std::string text = "[";
       const auto add = [&text](CObject* rec) {
         text += (text.size() > 1 ? "," : "") + RecordText(rec);
       };
-      if (f.type == FType::Owned) {
+      if (f.kind == FieldKind::Owned) {
         for (CObject* rec : As<COwnedObList>(f)) add(rec);
       } else {
         for (CObject* rec : As<CObList>(f)) add(rec);
@@ -208,16 +156,17 @@ bool EqualRecords(CObject* a, CObject* b, bool skipName) {
   if (a->GetRuntimeClass() != b->GetRuntimeClass()) return false;
   std::vector<FieldRef> fa;
   std::vector<FieldRef> fb;
-  Collect(*a, fa);
-  Collect(*b, fb);
+  CollectFieldRefs(*a, fa);
+  CollectFieldRefs(*b, fb);
   if (fa.size() != fb.size()) return false;
   for (std::size_t i = 0; i < fa.size(); ++i) {
-    if (fa[i].type != fb[i].type) return false;
+    if (fa[i].kind != fb[i].kind) return false;
     if (skipName && std::strcmp(fa[i].name, "Name") == 0) continue;
-    const bool same =
-        fa[i].type == FType::Owned    ? EqualLists(As<COwnedObList>(fa[i]), As<COwnedObList>(fb[i]))
-        : fa[i].type == FType::Shared ? EqualLists(As<CObList>(fa[i]), As<CObList>(fb[i]))
-                                      : SameValue(fa[i], fb[i]);
+    const bool same = fa[i].kind == FieldKind::Owned
+                          ? EqualLists(As<COwnedObList>(fa[i]), As<COwnedObList>(fb[i]))
+                      : fa[i].kind == FieldKind::Shared
+                          ? EqualLists(As<CObList>(fa[i]), As<CObList>(fb[i]))
+                          : SameValue(fa[i], fb[i]);
     if (!same) return false;
   }
   return true;
@@ -229,21 +178,22 @@ std::size_t HashRecord(CObject* rec, bool skipName) {
   std::size_t h = std::hash<std::string>()(rec->GetClassName());
   const auto mix = [&h](std::size_t v) { h ^= v + 0x9e3779b97f4a7c15ull + (h << 6) + (h >> 2); };
   std::vector<FieldRef> fields;
-  Collect(*rec, fields);
+  CollectFieldRefs(*rec, fields);
   for (const FieldRef& f : fields) {
     if (skipName && std::strcmp(f.name, "Name") == 0) continue;
-    if (f.type == FType::Owned) {
+    if (f.kind == FieldKind::Owned) {
       for (CObject* e : As<COwnedObList>(f)) mix(HashRecord(e, false));
-    } else if (f.type == FType::Shared) {
+    } else if (f.kind == FieldKind::Shared) {
       for (CObject* e : As<CObList>(f)) mix(HashRecord(e, false));
-    } else if (f.type == FType::String) {
+    } else if (f.kind == FieldKind::String) {
       mix(std::hash<std::string>()(As<CString>(f).str()));
-    } else if (f.type == FType::Double || f.type == FType::Dword || f.type == FType::Long) {
+    } else if (f.kind == FieldKind::Double || f.kind == FieldKind::Dword ||
+               f.kind == FieldKind::Long) {
       std::uint64_t bits = 0;
-      std::memcpy(&bits, f.p, f.type == FType::Double ? 8 : 4);
+      std::memcpy(&bits, f.member, f.kind == FieldKind::Double ? 8 : 4);
       mix(bits);
     } else {
-      mix(static_cast<std::size_t>(f.type));  // other fields only by kind: EqualRecords decides
+      mix(static_cast<std::size_t>(f.kind));  // other fields only by kind: EqualRecords decides
     }
   }
   return h;
@@ -342,20 +292,20 @@ class Differ {
     auto [it, added] = m_layouts.try_emplace(cls);
     Layout& layout = it->second;
     if (added) {
-      Collect(rec, layout.fields);
+      CollectFieldRefs(rec, layout.fields);
       const auto* base = reinterpret_cast<const char*>(&rec);
       layout.byOffset = cls->m_nObjectSize > 0;
       for (FieldRef& f : layout.fields) {
-        const auto* at = static_cast<const char*>(f.p);
+        const auto* at = static_cast<const char*>(f.member);
         layout.byOffset = layout.byOffset && at >= base && at < base + cls->m_nObjectSize;
-        f.p = reinterpret_cast<void*>(at - base);
+        f.member = reinterpret_cast<void*>(at - base);
       }
     }
     return layout.byOffset ? &layout.fields : nullptr;
   }
   static FieldRef At(const FieldRef& f, CObject& rec) {
     FieldRef placed = f;
-    placed.p = reinterpret_cast<char*>(&rec) + reinterpret_cast<std::uintptr_t>(f.p);
+    placed.member = reinterpret_cast<char*>(&rec) + reinterpret_cast<std::uintptr_t>(f.member);
     return placed;
   }
 
@@ -368,8 +318,8 @@ class Differ {
     }
     std::vector<FieldRef>& fa = Fields(depth, A);
     std::vector<FieldRef>& fb = Fields(depth, B);
-    Collect(a, fa);
-    Collect(b, fb);
+    CollectFieldRefs(a, fa);
+    CollectFieldRefs(b, fb);
     if (a.GetRuntimeClass() != b.GetRuntimeClass()) {
       Emit(RecordDifference::Changed, A, "$class", Quoted(a.GetClassName()),
            Quoted(b.GetClassName()));
@@ -377,7 +327,7 @@ class Differ {
     // Records of one class list the same fields (the same name literals): checked cheaply.
     bool sameLayout = fa.size() == fb.size();
     for (std::size_t i = 0; sameLayout && i < fa.size(); ++i) {
-      sameLayout = fa[i].type == fb[i].type &&
+      sameLayout = fa[i].kind == fb[i].kind &&
                    (fa[i].name == fb[i].name || std::strcmp(fa[i].name, fb[i].name) == 0);
     }
     if (sameLayout) {
@@ -401,7 +351,7 @@ class Differ {
       const FieldRef* y = find(fb, x.name);
       if (y == nullptr) {
         Emit(RecordDifference::Removed, A, x.name, ValueText(x), "");
-      } else if (y->type != x.type) {
+      } else if (y->kind != x.kind) {
         Emit(RecordDifference::Changed, A, x.name, ValueText(x), ValueText(*y));
       } else {
         Field(x, *y, a, b, depth);
@@ -413,13 +363,13 @@ class Differ {
   }
 
   void Field(const FieldRef& x, const FieldRef& y, CObject& a, CObject& b, std::size_t depth) {
-    if (x.type == FType::Owned) {
-      auto& la = *static_cast<COwnedObList*>(x.p);
-      auto& lb = *static_cast<COwnedObList*>(y.p);
+    if (x.kind == FieldKind::Owned) {
+      auto& la = *static_cast<COwnedObList*>(x.member);
+      auto& lb = *static_cast<COwnedObList*>(y.member);
       List(la, lb, x.name, a, depth);
-    } else if (x.type == FType::Shared) {
-      auto& la = *static_cast<CObList*>(x.p);
-      auto& lb = *static_cast<CObList*>(y.p);
+    } else if (x.kind == FieldKind::Shared) {
+      auto& la = *static_cast<CObList*>(x.member);
+      auto& lb = *static_cast<CObList*>(y.member);
       List(la, lb, x.name, a, depth);
     } else if (!SameValue(x, y)) {
       Emit(RecordDifference::Changed, A, x.name, ValueText(x), ValueText(y));
@@ -465,10 +415,10 @@ class Differ {
     for (const FieldRef& f : *layout) {
       const FieldRef fx = At(f, *x);
       const FieldRef fy = At(f, *y);
-      const bool same = f.type == FType::Owned
+      const bool same = f.kind == FieldKind::Owned
                             ? SameList(As<COwnedObList>(fx), As<COwnedObList>(fy))
-                        : f.type == FType::Shared ? SameList(As<CObList>(fx), As<CObList>(fy))
-                                                  : SameValue(fx, fy);
+                        : f.kind == FieldKind::Shared ? SameList(As<CObList>(fx), As<CObList>(fy))
+                                                      : SameValue(fx, fy);
       if (!same) return false;
     }
     return true;
