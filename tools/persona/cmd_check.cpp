@@ -1,7 +1,9 @@
-// persona check FILE [--json]: the integrity checker's findings, plus what the load itself
-// noticed (bytes after the personality that nothing read).
+// persona check FILE... [--json]: the integrity checker's findings, plus what the load itself
+// noticed (bytes after the personality that nothing read), file by file.
 #include <persona/integrity/checker.h>
+#include <persona/integrity/record_path.h>
 #include "command.h"
+#include "file_batch.h"
 #include "input_file.h"
 
 namespace persona::cli {
@@ -20,17 +22,29 @@ const char* SeverityWord(Finding::Severity s) {
   return "error";
 }
 
-std::string FindingsText(const std::vector<Finding>& findings, bool json) {
-  if (json) {
-    Json list = Json::array();
-    for (const Finding& f : findings) {
-      list.push_back({{"code", f.code},
-                      {"severity", SeverityWord(f.severity)},
-                      {"path", f.path},
-                      {"message", f.message}});
-    }
-    return list.dump(2) + "\n";
+// The JSON pointer of a finding's path in p, or null when the path names no record or field
+// (the file itself, say).
+Json PointerOf(CPersonality& p, const std::string& path) {
+  try {
+    return ResolvePath(p, path).pointer;
+  } catch (const std::exception&) {
+    return nullptr;
   }
+}
+
+void AddFindingsJson(const std::string& file, CPersonality& p, const std::vector<Finding>& findings,
+                     Json& out) {
+  for (const Finding& f : findings) {
+    out.push_back({{"file", file},
+                   {"code", f.code},
+                   {"severity", SeverityWord(f.severity)},
+                   {"path", f.path},
+                   {"pointer", PointerOf(p, f.path)},
+                   {"message", f.message}});
+  }
+}
+
+std::string FindingsText(const std::vector<Finding>& findings) {
   std::string text;
   std::size_t counts[3] = {0, 0, 0};
   for (const Finding& f : findings) {
@@ -45,7 +59,7 @@ std::string FindingsText(const std::vector<Finding>& findings, bool json) {
 }
 
 struct CheckArgs {
-  std::string file;
+  std::vector<std::string> files;
   bool json = false;
   std::vector<double> band;
   std::string limitsFrom;
@@ -91,8 +105,7 @@ std::vector<Finding> CheckSetFile(const CheckArgs& args, OpenedFile& opened) {
   return findings;
 }
 
-std::vector<Finding> CheckFile(const CheckArgs& args) {
-  OpenedFile opened = OpenPersonalityOrSet(args.file);
+std::vector<Finding> CheckFile(const CheckArgs& args, OpenedFile& opened) {
   if (opened.set != nullptr) return CheckSetFile(args, opened);
   if (!args.band.empty() || !args.limitsFrom.empty()) {
     throw UsageError("--band and --limits-from are for a global set file");
@@ -119,21 +132,34 @@ void RegisterCheck(Context& context) {
       "use, bytes after the personality. A global set file (NAME.TRS, NAME.CVS, ...) is checked "
       "as one set, against --band or the band limits of --limits-from. One line per finding "
       "(\"SEVERITY CODE PATH: "
-      "MESSAGE\"). Exit 0 when there is no error, 1 when there are errors, 2 when the file "
-      "cannot be read.");
-  cmd->add_option("FILE", args->file, "Personality file or global set file")->required();
-  cmd->add_flag("--json", args->json, "Print the findings as a JSON array");
+      "MESSAGE\"; with several files each line starts with FILE:). Exit 0 when there is no "
+      "error, 1 when there are errors, 2 when a file cannot be read: the worst of all files.");
+  cmd->add_option("FILE", args->files, "Personality files or global set files")->required();
+  cmd->add_flag(
+      "--json", args->json,
+      "Print the findings as a JSON array (file, code, severity, path, pointer, message)");
   cmd->add_option("--band", args->band, "Band limits for a set file: TXMIN TXMAX RXMIN RXMAX (MHz)")
       ->expected(4);
   cmd->add_option("--limits-from", args->limitsFrom,
                   "Personality whose band limits a set file "
                   "is checked against");
   cmd->callback([args, &context] {
-    const std::vector<Finding> findings = CheckFile(*args);
-    WriteText("-", FindingsText(findings, args->json));
-    bool errors = false;
-    for (const Finding& f : findings) errors = errors || f.severity == Finding::Error;
-    context.exitCode = errors ? kExitDifferent : kExitOk;
+    const FileBatch batch(args->files);
+    Json all = Json::array();
+    context.exitCode = batch.Run([&](const std::string& file) {
+      OpenedFile opened = OpenPersonalityOrSet(file);
+      const std::vector<Finding> findings = CheckFile(*args, opened);
+      if (args->json) {
+        AddFindingsJson(file, *opened.loaded.personality, findings, all);
+      } else {
+        WriteText("-", batch.Lines(file, FindingsText(findings)));
+      }
+      for (const Finding& f : findings) {
+        if (f.severity == Finding::Error) return kExitDifferent;
+      }
+      return kExitOk;
+    });
+    if (args->json) WriteText("-", all.dump(2) + "\n");
   });
 }
 

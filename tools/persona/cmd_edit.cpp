@@ -3,7 +3,6 @@
 // group name goes through the rename propagation. The checker runs before and after; the
 // findings the edit added are listed, and an added error keeps the file unwritten (exit 1)
 // unless --force. Every file is edited on its own: one that fails leaves the others going.
-#include <algorithm>
 #include <cstdio>
 #include <set>
 
@@ -12,6 +11,7 @@
 #include <persona/integrity/references.h>
 #include <persona/io/field_text.h>
 #include "command.h"
+#include "file_batch.h"
 
 namespace persona::cli {
 
@@ -84,8 +84,8 @@ struct EditArgs {
 };
 
 // Edits one file; returns its exit code.
-int EditFile(const std::string& file, const std::vector<Assignment>& changes,
-             const EditArgs& args) {
+int EditFile(const FileBatch& batch, const std::string& file,
+             const std::vector<Assignment>& changes, const EditArgs& args) {
   LoadedPersonality loaded = LoadInput(file);
   CPersonality& p = *loaded.personality;
   std::multiset<std::string> before;
@@ -99,7 +99,7 @@ int EditFile(const std::string& file, const std::vector<Assignment>& changes,
       const std::string field = t.entry < 0 ? t.field : t.field + "/" + std::to_string(t.entry + 1);
       GetFieldText(*t.record, field, oldText, true);
       if (!Rename(p, t, a.value)) SetFieldText(*t.record, field, a.value);
-      report += file + ": " + t.Path() + ": " + oldText + " -> " + a.value + "\n";
+      report += t.Path() + ": " + oldText + " -> " + a.value + "\n";
     } catch (const std::exception& e) {
       std::fprintf(stderr, "persona: error: %s: %s: %s (nothing written)\n", file.c_str(),
                    a.path.c_str(), e.what());
@@ -114,15 +114,15 @@ int EditFile(const std::string& file, const std::vector<Assignment>& changes,
       continue;
     }
     addedError = addedError || f.severity == Finding::Error;
-    report += file + ": added " + SeverityWord(f.severity) + " " + f.code + " " + f.path + ": " +
-              f.message + "\n";
+    report += std::string("added ") + SeverityWord(f.severity) + " " + f.code + " " + f.path +
+              ": " + f.message + "\n";
   }
   const bool write = !args.dryRun && (!addedError || args.force);
-  if (write) SaveOutput(args.inPlace ? file : args.output, p);
+  if (write) SaveOutput(batch.OutputOf(file, args.output, args.inPlace, args.dryRun), p);
   if (addedError && !args.force && !args.dryRun) {
-    report += file + ": not written: the edit adds an error (--force writes it anyway)\n";
+    report += "not written: the edit adds an error (--force writes it anyway)\n";
   }
-  WriteText("-", report);
+  WriteText("-", batch.Lines(file, report));
   return addedError && !args.force ? kExitDifferent : kExitOk;
 }
 
@@ -157,25 +157,10 @@ void RegisterEdit(Context& context) {
       }
     }
     if (files.empty() || changes.empty()) throw UsageError("edit needs FILE... PATH=VALUE...");
-    if (args->output.empty() && !args->inPlace && !args->dryRun) {
-      throw UsageError("edit needs -o OUT, --in-place or --dry-run");
-    }
-    if (!args->output.empty() && files.size() != 1) {
-      throw UsageError("-o takes one input file; use --in-place for several");
-    }
-    int code = kExitOk;
-    for (const std::string& file : files) {
-      try {
-        code = std::max(code, EditFile(file, changes, *args));
-      } catch (const InputError& e) {
-        std::fprintf(stderr, "persona: error: %s\n", e.what());
-        code = std::max<int>(code, kExitUnreadable);
-      } catch (const OutputError& e) {
-        std::fprintf(stderr, "persona: error: %s\n", e.what());
-        code = std::max<int>(code, kExitUnwritable);
-      }
-    }
-    context.exitCode = code;
+    const FileBatch batch(files);
+    batch.CheckOutputChoice(args->output, args->inPlace, args->dryRun);
+    context.exitCode =
+        batch.Run([&](const std::string& file) { return EditFile(batch, file, changes, *args); });
   });
 }
 

@@ -1,13 +1,13 @@
 // persona get FILE... PATH... [--json] [--numbers]: the value of each field, one per line;
 // with several files each line starts with the file's name. Arguments that name existing files
 // are the files; the rest are record paths as check prints them.
-#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 
 #include <persona/integrity/record_path.h>
 #include <persona/io/field_text.h>
 #include "command.h"
+#include "file_batch.h"
 
 namespace persona::cli {
 
@@ -20,7 +20,8 @@ struct GetArgs {
 };
 
 // The text of the field at path in p (PathError or FieldTextError when there is none).
-std::string FieldValue(CPersonality& p, const std::string& path, bool words, std::string* canon) {
+std::string FieldValue(CPersonality& p, const std::string& path, bool words, std::string* canon,
+                       std::string* pointer) {
   const PathTarget t = ResolvePath(p, path);
   if (t.field.empty()) throw PathError(t.recordPath + " is a record; show prints records");
   std::string text;
@@ -29,6 +30,7 @@ std::string FieldValue(CPersonality& p, const std::string& path, bool words, std
     throw FieldTextError(t.Path() + " has no value as text (a list of records)");
   }
   *canon = t.Path();
+  *pointer = t.pointer;
   return text;
 }
 
@@ -41,7 +43,7 @@ void RegisterGet(Context& context) {
       "Print the value of fields of one or more personality files, one per line: FILE... "
       "PATH..., PATH as check prints it. Coded fields print their words (--numbers: the codes).");
   cmd->add_option("ARGS", args->args, "Files, then record paths")->required();
-  cmd->add_flag("--json", args->json, "Print a JSON array of {file, path, value}");
+  cmd->add_flag("--json", args->json, "Print a JSON array of {file, path, pointer, value}");
   cmd->add_flag("--numbers", args->numbers, "Print codes and switches as numbers");
   cmd->callback([args, &context] {
     std::vector<std::string> files, paths;
@@ -51,31 +53,29 @@ void RegisterGet(Context& context) {
       (isFile ? files : paths).push_back(arg);
     }
     if (files.empty() || paths.empty()) throw UsageError("get needs FILE... PATH...");
-    int code = kExitOk;
+    const FileBatch batch(files);
     Json all = Json::array();
-    std::string text;
-    for (const std::string& file : files) {
-      try {
-        LoadedPersonality loaded = LoadInput(file);
-        for (const std::string& path : paths) {
-          std::string canon;
-          try {
-            const std::string value = FieldValue(*loaded.personality, path, !args->numbers, &canon);
-            all.push_back({{"file", file}, {"path", canon}, {"value", value}});
-            text += (files.size() > 1 ? file + ": " : std::string()) + value + "\n";
-          } catch (const std::exception& e) {
-            std::fprintf(stderr, "persona: error: %s: %s: %s\n", file.c_str(), path.c_str(),
-                         e.what());
-            code = std::max<int>(code, kExitUsage);
-          }
+    context.exitCode = batch.Run([&](const std::string& file) {
+      LoadedPersonality loaded = LoadInput(file);
+      int code = kExitOk;
+      std::string text;
+      for (const std::string& path : paths) {
+        std::string canon, pointer;
+        try {
+          const std::string value =
+              FieldValue(*loaded.personality, path, !args->numbers, &canon, &pointer);
+          all.push_back({{"file", file}, {"path", canon}, {"pointer", pointer}, {"value", value}});
+          text += value + "\n";
+        } catch (const std::exception& e) {
+          std::fprintf(stderr, "persona: error: %s: %s: %s\n", file.c_str(), path.c_str(),
+                       e.what());
+          code = kExitUsage;
         }
-      } catch (const InputError& e) {
-        std::fprintf(stderr, "persona: error: %s\n", e.what());
-        code = std::max<int>(code, kExitUnreadable);
       }
-    }
-    WriteText("-", args->json ? all.dump(2) + "\n" : text);
-    context.exitCode = code;
+      if (!args->json) WriteText("-", batch.Lines(file, text));
+      return code;
+    });
+    if (args->json) WriteText("-", all.dump(2) + "\n");
   });
 }
 

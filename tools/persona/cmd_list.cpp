@@ -15,6 +15,7 @@
 #include <persona/report/record_lines.h>
 #include <persona/systems/system.h>
 #include "command.h"
+#include "file_batch.h"
 
 namespace persona::cli {
 
@@ -54,10 +55,14 @@ std::string Cell(CObject& rec, const char* field) {
   return text;
 }
 
+// The JSON pointer of set index of list type.
+std::string SetPointer(int type, int index) {
+  return "/" + std::string(SetListField(type)) + "/" + std::to_string(index);
+}
+
 struct Listing {
   Json json = Json::array();
   std::string text;
-  std::string prefix;  // "FILE: " with several files
 };
 
 void Overview(CPersonality& p, const std::string& file, int onlyType, Listing& out) {
@@ -77,9 +82,10 @@ void Overview(CPersonality& p, const std::string& file, int onlyType, Listing& o
     const auto& sets = setsOf[s];
     std::string line = SystemPath(*s) + "  " + SystemKindLabel(s->GetSysType());
     for (const std::string& set : sets) line += (&set == &sets.front() ? "  " : ", ") + set;
-    out.text += out.prefix + line + "\n";
+    out.text += line + "\n";
     out.json.push_back({{"file", file},
                         {"path", SystemPath(*s)},
+                        {"pointer", "/Systems/" + std::to_string(i)},
                         {"kind", SystemKindLabel(s->GetSysType())},
                         {"sets", sets}});
   }
@@ -93,9 +99,10 @@ void Overview(CPersonality& p, const std::string& file, int onlyType, Listing& o
                          " element(s)  " + (set->GetScope() ? "global" : "local") + "  used by ";
       for (const std::string& u : users) line += (&u == &users.front() ? "" : ", ") + u;
       if (users.empty()) line += "nothing";
-      out.text += out.prefix + line + "\n";
+      out.text += line + "\n";
       out.json.push_back({{"file", file},
                           {"path", SetPath(type, *set)},
+                          {"pointer", SetPointer(type, i)},
                           {"elements", set->GetCount()},
                           {"scope", set->GetScope()},
                           {"usedBy", users}});
@@ -105,7 +112,8 @@ void Overview(CPersonality& p, const std::string& file, int onlyType, Listing& o
 
 void Elements(CPersonality& p, const std::string& file, int type, const std::string& name,
               Listing& out) {
-  CSet* set = p.GetSet(CString(name), static_cast<SetType>(type));
+  const int index = p.FindSetIndex(CString(name), static_cast<SetType>(type));
+  CSet* set = index >= 0 ? p.GetSetAt(index, static_cast<SetType>(type)) : nullptr;
   if (set == nullptr)
     throw PathError("no " + std::string(SetListWord(type)) + " set \"" + name + "\"");
   const std::vector<std::string> segs = ElementSegments(*set, set->Elements());
@@ -117,7 +125,10 @@ void Elements(CPersonality& p, const std::string& file, int type, const std::str
     CObject* rec = set->GetAt(k);
     if (rec == nullptr) continue;
     std::vector<std::string> row = {segs[static_cast<std::size_t>(k)], Cell(*rec, "Name")};
-    Json item = {{"file", file}, {"path", SetPath(type, *set) + "/" + row[0]}, {"Name", row[1]}};
+    Json item = {{"file", file},
+                 {"path", SetPath(type, *set) + "/" + row[0]},
+                 {"pointer", SetPointer(type, index) + "/Elements/" + std::to_string(k)},
+                 {"Name", row[1]}};
     for (const char* c : columns) {
       row.push_back(Cell(*rec, c));
       item[c] = row.back();
@@ -130,7 +141,7 @@ void Elements(CPersonality& p, const std::string& file, int type, const std::str
     for (std::size_t c = 0; c < row.size(); ++c) width[c] = std::max(width[c], row[c].size());
   }
   for (const auto& row : rows) {
-    std::string line = out.prefix;
+    std::string line;
     for (std::size_t c = 0; c < row.size(); ++c) {
       line += row[c];
       if (c + 1 < row.size()) line += std::string(width[c] - row[c].size() + 2, ' ');
@@ -166,27 +177,20 @@ void RegisterList(Context& context) {
       type = SetListOfWord(files.back());
       files.pop_back();
     }
+    const FileBatch batch(files);
     Listing out;
-    int code = kExitOk;
-    for (const std::string& file : files) {
-      out.prefix = files.size() > 1 ? file + ": " : "";
-      try {
-        LoadedPersonality loaded = LoadInput(file);
-        if (setName.empty()) {
-          Overview(*loaded.personality, file, type, out);
-        } else {
-          Elements(*loaded.personality, file, type, setName, out);
-        }
-      } catch (const InputError& e) {
-        std::fprintf(stderr, "persona: error: %s\n", e.what());
-        code = std::max<int>(code, kExitUnreadable);
-      } catch (const PathError& e) {
-        std::fprintf(stderr, "persona: error: %s: %s\n", file.c_str(), e.what());
-        code = std::max<int>(code, kExitUsage);
+    context.exitCode = batch.Run([&](const std::string& file) {
+      LoadedPersonality loaded = LoadInput(file);
+      out.text.clear();
+      if (setName.empty()) {
+        Overview(*loaded.personality, file, type, out);
+      } else {
+        Elements(*loaded.personality, file, type, setName, out);
       }
-    }
-    WriteText("-", args->json ? out.json.dump(2) + "\n" : out.text);
-    context.exitCode = code;
+      if (!args->json) WriteText("-", batch.Lines(file, out.text));
+      return kExitOk;
+    });
+    if (args->json) WriteText("-", out.json.dump(2) + "\n");
   });
 }
 

@@ -1,10 +1,11 @@
-// persona prune FILE [--radio-type N] [--dry-run] -o OUT: strips the systems the radio type
-// cannot use and the sets nothing names, listing what goes.
+// persona prune FILE... [--radio-type N] (-o OUT | --in-place | --dry-run): strips the systems
+// the radio type cannot use and the sets nothing names, listing what goes, file by file.
 #include <unordered_set>
 
 #include <persona/report/personality_ops.h>
 #include <persona/systems/system.h>
 #include "command.h"
+#include "file_batch.h"
 #include "input_file.h"
 
 namespace persona::cli {
@@ -75,9 +76,10 @@ std::string Removed(const Inventory& before, const Inventory& after) {
 
 void RegisterPrune(Context& context) {
   struct Args {
-    std::string file;
+    std::vector<std::string> files;
     std::string output;
     int radioType = -1;
+    bool inPlace = false;
     bool dryRun = false;
   };
   auto args = std::make_shared<Args>();
@@ -85,30 +87,35 @@ void RegisterPrune(Context& context) {
       "prune",
       "Remove what the personality's radio model cannot use (whole kinds of systems, by the "
       "last radio type or --radio-type) and every set that no system names, carrying each "
-      "removal into the records that named it. Lists what is removed; with --dry-run nothing "
-      "is written.");
-  cmd->add_option("FILE", args->file, "Personality file")->required();
+      "removal into the records that named it, in one or more files. Lists what is removed; "
+      "with --dry-run nothing is written.");
+  cmd->add_option("FILE", args->files, "Personality files")->required();
   cmd->add_option("--radio-type", args->radioType,
                   "Radio type code to prune for (also becomes the last radio)")
       ->check(CLI::Range(0, 65535));
-  cmd->add_flag("--dry-run", args->dryRun, "List what would be removed; write nothing");
-  cmd->add_option("-o,--output", args->output, "Personality file to write");
-  cmd->callback([args] {
-    if (args->output.empty() && !args->dryRun) {
-      throw UsageError("prune needs -o OUT (or --dry-run)");
-    }
-    LoadedPersonality loaded = LoadInput(args->file);
-    CPersonality& p = *loaded.personality;
-    if (args->radioType >= 0) p.SetLastRadio(static_cast<unsigned short>(args->radioType));
-    const Inventory before = Take(p);
-    p.RemoveUnusedSystemsAndSets();
-    std::string text = Removed(before, Take(p));
-    if (args->dryRun) {
-      text += "dry run: nothing written\n";
-    } else {
-      SaveOutput(args->output, p);
-    }
-    WriteText("-", text);
+  auto* dry = cmd->add_flag("--dry-run", args->dryRun, "List what would be removed; write nothing");
+  auto* out = cmd->add_option("-o,--output", args->output, "Personality file to write (one input)");
+  auto* inPlace = cmd->add_flag("--in-place", args->inPlace, "Rewrite each input (FILE.bak kept)");
+  out->excludes(inPlace);
+  dry->excludes(inPlace);
+  cmd->callback([args, &context] {
+    const FileBatch batch(args->files);
+    batch.CheckOutputChoice(args->output, args->inPlace, args->dryRun);
+    context.exitCode = batch.Run([&](const std::string& file) {
+      LoadedPersonality loaded = LoadInput(file);
+      CPersonality& p = *loaded.personality;
+      if (args->radioType >= 0) p.SetLastRadio(static_cast<unsigned short>(args->radioType));
+      const Inventory before = Take(p);
+      p.RemoveUnusedSystemsAndSets();
+      std::string text = Removed(before, Take(p));
+      if (args->dryRun) {
+        text += "dry run: nothing written\n";
+      } else {
+        SaveOutput(batch.OutputOf(file, args->output, args->inPlace, false), p);
+      }
+      WriteText("-", batch.Lines(file, text));
+      return kExitOk;
+    });
   });
 }
 

@@ -1,9 +1,10 @@
-// persona rename FILE --system|--set KIND OLD NEW -o OUT: renames a system or a set and every
-// name field that refers to it.
+// persona rename FILE... --system|--set KIND OLD NEW (-o OUT | --in-place | --dry-run): renames
+// a system or a set and every name field that refers to it, in each file.
 #include <persona/integrity/references.h>
 #include <persona/report/personality_ops.h>
 #include <persona/systems/system.h>
 #include "command.h"
+#include "file_batch.h"
 #include "input_file.h"
 
 namespace persona::cli {
@@ -11,8 +12,11 @@ namespace persona::cli {
 namespace {
 
 struct RenameArgs {
+  std::vector<std::string> args;  // FILE... OLD NEW
   std::string file;
   std::string output;
+  bool inPlace = false;
+  bool dryRun = false;
   bool system = false;
   std::string setKind;
   std::string oldName;
@@ -27,7 +31,6 @@ std::vector<std::string> SystemNameList(const CPersonality& p) {
 
 // The cause of a refused rename, checked before renaming: OLD missing, NEW empty or taken.
 void CheckRename(CPersonality& p, const RenameArgs& args, SetType type) {
-  if (args.newName.empty()) throw UsageError("the new name is empty");
   if (args.system) {
     if (p.GetSystem(CString(args.oldName)) == nullptr) {
       throw NotHeldError(args.file + " holds no system named " + args.oldName +
@@ -46,9 +49,10 @@ void CheckRename(CPersonality& p, const RenameArgs& args, SetType type) {
   }
 }
 
-void RunRename(const RenameArgs& args) {
-  if (!args.system && args.setKind.empty()) throw UsageError("rename needs --system or --set KIND");
+// Renames in one file; args.file is the file.
+int RenameFile(const FileBatch& batch, const RenameArgs& args) {
   const SetType type = args.system ? TrunkSetType : KindArg(args.setKind);
+  const std::string out = batch.OutputOf(args.file, args.output, args.inPlace, args.dryRun);
   LoadedPersonality loaded = LoadInput(args.file);
   CPersonality& p = *loaded.personality;
   CheckRename(p, args, type);
@@ -60,9 +64,12 @@ void RunRename(const RenameArgs& args) {
     throw NotHeldError(args.file + ": cannot rename " + what + " " + args.oldName + " to " +
                        args.newName);
   }
-  SaveOutput(args.output, p);
-  WriteText("-", "renamed " + what + " " + args.oldName + " to " + args.newName + ", " +
-                     std::to_string(changed) + " reference(s) updated\n");
+  if (!out.empty()) SaveOutput(out, p);
+  WriteText("-",
+            batch.Lines(args.file, std::string(args.dryRun ? "would rename " : "renamed ") + what +
+                                       " " + args.oldName + " to " + args.newName + ", " +
+                                       std::to_string(changed) + " reference(s) updated\n"));
+  return kExitOk;
 }
 
 }  // namespace
@@ -72,16 +79,35 @@ void RegisterRename(Context& context) {
   CLI::App* cmd = context.App().add_subcommand(
       "rename",
       "Rename a system (--system, exact name) or a set (--set KIND, name found ignoring case) "
-      "and carry the new name into every record that names it: systems, sets and option "
-      "records. Fails, writing nothing, when OLD does not exist or NEW is taken (exit 4).");
-  cmd->add_option("FILE", args->file, "Personality file")->required();
+      "in one or more personality files (FILE... OLD NEW) and carry the new name into every "
+      "record that names it: systems, sets and option records. A file where OLD does not exist "
+      "or NEW is taken is left unwritten (exit 4); the others are renamed.");
+  cmd->add_option("ARGS", args->args, "Personality files, then OLD and NEW")->required();
   auto* system = cmd->add_flag("--system", args->system, "Rename a system");
   auto* set = cmd->add_option("--set", args->setKind, "Rename a set of this kind");
   system->excludes(set);
-  cmd->add_option("OLD", args->oldName, "Current name")->required();
-  cmd->add_option("NEW", args->newName, "New name")->required();
-  cmd->add_option("-o,--output", args->output, "Personality file to write")->required();
-  cmd->callback([args] { RunRename(*args); });
+  auto* out = cmd->add_option("-o,--output", args->output, "Personality file to write (one input)");
+  auto* inPlace = cmd->add_flag("--in-place", args->inPlace, "Rewrite each input (FILE.bak kept)");
+  auto* dry = cmd->add_flag("--dry-run", args->dryRun, "Say what would be renamed; write nothing");
+  out->excludes(inPlace);
+  dry->excludes(out)->excludes(inPlace);
+  cmd->callback([args, &context] {
+    if (args->args.size() < 3) throw UsageError("rename needs FILE... OLD NEW");
+    if (!args->system && args->setKind.empty()) {
+      throw UsageError("rename needs --system or --set KIND");
+    }
+    if (!args->system) KindArg(args->setKind);
+    args->newName = args->args.back();
+    args->oldName = args->args[args->args.size() - 2];
+    if (args->newName.empty()) throw UsageError("the new name is empty");
+    const FileBatch batch({args->args.begin(), args->args.end() - 2});
+    batch.CheckOutputChoice(args->output, args->inPlace, args->dryRun);
+    context.exitCode = batch.Run([&](const std::string& file) {
+      RenameArgs one = *args;
+      one.file = file;
+      return RenameFile(batch, one);
+    });
+  });
 }
 
 }  // namespace persona::cli

@@ -1,9 +1,10 @@
-// persona set refresh FILE --dir DIR (-o OUT | --in-place | --dry-run): refreshes the
+// persona set refresh FILE... --dir DIR (-o OUT | --in-place | --dry-run): refreshes each
 // personality's global sets from their files and reports every set it changes.
 #include <vector>
 
 #include <persona/framework/prompt.h>
 #include "command.h"
+#include "file_batch.h"
 #include "input_file.h"
 
 namespace persona::cli {
@@ -11,7 +12,7 @@ namespace persona::cli {
 namespace {
 
 struct SetRefreshArgs {
-  std::string file;
+  std::vector<std::string> files;
   std::string dir;
   std::string output;
   bool inPlace = false;
@@ -71,9 +72,9 @@ std::string RefreshReport(const CPersonality& p, const std::vector<GlobalSetBefo
   return text;
 }
 
-void RunSetRefresh(const SetRefreshArgs& args) {
-  const std::string out = args.dryRun ? "" : OutputPath(args.file, args.output, args.inPlace);
-  LoadedPersonality loaded = LoadInput(args.file);
+int RefreshFile(const FileBatch& batch, const std::string& file, const SetRefreshArgs& args) {
+  const std::string out = batch.OutputOf(file, args.output, args.inPlace, args.dryRun);
+  LoadedPersonality loaded = LoadInput(file);
   const std::vector<GlobalSetBefore> before = GlobalSetsOf(*loaded.personality);
   std::vector<std::string> messages;
   PromptHandler old = SetPromptHandler([&messages](const CString& message, UINT type) {
@@ -89,7 +90,8 @@ void RunSetRefresh(const SetRefreshArgs& args) {
   } else {
     SaveOutput(out, *loaded.personality);
   }
-  WriteText("-", text);
+  WriteText("-", batch.Lines(file, text));
+  return kExitOk;
 }
 
 }  // namespace
@@ -104,12 +106,17 @@ void RegisterSetRefresh(Context& context) {
       "damaged, of another kind or outside the band limits keeps its local content and becomes "
       "local. Every global set is reported: \"refreshed KIND set NAME: N -> M elements\" (and "
       "when its file makes it local), or \"kept KIND set NAME local: REASON\".");
-  cmd->add_option("FILE", args->file, "Personality file")->required();
+  cmd->add_option("FILE", args->files, "Personality files")->required();
   cmd->add_option("--dir", args->dir, "Folder of the global set files")->required();
-  cmd->add_option("-o,--output", args->output, "Personality file to write");
-  cmd->add_flag("--in-place", args->inPlace, "Write the personality over FILE");
+  cmd->add_option("-o,--output", args->output, "Personality file to write (one input)");
+  cmd->add_flag("--in-place", args->inPlace, "Write each personality over its FILE");
   cmd->add_flag("--dry-run", args->dryRun, "Report what a refresh changes; write nothing");
-  cmd->callback([args] { RunSetRefresh(*args); });
+  cmd->callback([args, &context] {
+    const FileBatch batch(args->files);
+    batch.CheckOutputChoice(args->output, args->inPlace, args->dryRun);
+    context.exitCode =
+        batch.Run([&](const std::string& file) { return RefreshFile(batch, file, *args); });
+  });
 }
 
 }  // namespace persona::cli

@@ -15,6 +15,10 @@ constexpr const char* kListWords[kNumSetTypes] = {"trunk",   "conv",     "group"
                                                   "icall",   "spcall",   "plmgroup", "plmspcall",
                                                   "p25conv", "p25group", "eagroup"};
 
+constexpr const char* kListFields[kNumSetTypes] = {
+    "TrunkSets",    "ConvSets",      "GroupSets",   "PhoneSets",    "ICallSets",  "SpCallSets",
+    "PlmGroupSets", "PlmSpCallSets", "P25ConvSets", "P25GroupSets", "EaGroupSets"};
+
 // The described fields of one record, by kind.
 class FieldScan : public CFieldVisitor {
  public:
@@ -187,6 +191,7 @@ class Resolver {
     m_t.record = system;
     m_t.index = index;
     m_t.recordPath = SystemPath(*system);
+    m_t.pointer = "/Systems/" + std::to_string(index);
     return 2;
   }
 
@@ -213,6 +218,7 @@ class Resolver {
     m_t.setType = type;
     m_t.index = index;
     m_t.recordPath = SetPath(type, *set);
+    m_t.pointer = "/" + std::string(kListFields[type]) + "/" + std::to_string(index);
     return 3;
   }
 
@@ -232,6 +238,7 @@ class Resolver {
     m_t.record = found;
     m_t.index = foundIndex;
     m_t.recordPath = OptionPath(*found);
+    m_t.pointer = "/Options/" + std::to_string(foundIndex);
     return 2;
   }
 
@@ -271,6 +278,7 @@ class Resolver {
 
   void TakeField(const FieldScan::Entry& field, std::size_t i) {
     m_t.field = field.name;
+    m_t.pointer += "/" + std::string(field.name);
     if (i + 1 == m_segs.size()) return;
     const PathSegment& next = m_segs[i + 1];
     const int entry = field.type == FieldScan::ValueList ? EntryOf(next) : 0;
@@ -283,6 +291,7 @@ class Resolver {
                       " entries, not " + std::to_string(entry) + Where(next));
     }
     m_t.entry = entry - 1;
+    m_t.pointer += "/" + std::to_string(entry - 1);
   }
 
   // Steps to the record of list that seg names; listName: the list field for records that
@@ -317,6 +326,8 @@ class Resolver {
     std::string base = m_t.recordPath;
     if (listName != nullptr) base += "/" + std::string(listName);
     m_t.recordPath = base + "/" + names[static_cast<std::size_t>(index)];
+    m_t.pointer += "/" + std::string(listName != nullptr ? listName : "Elements") + "/" +
+                   std::to_string(index);
     if (m_t.kind == PathTarget::Set) {
       m_t.kind = PathTarget::Element;
     } else {
@@ -340,6 +351,8 @@ std::string PathName(std::string_view name) {
 }
 
 const char* SetListWord(int type) { return IsValidSetType(type) ? kListWords[type] : ""; }
+
+const char* SetListField(int type) { return IsValidSetType(type) ? kListFields[type] : ""; }
 
 int SetListOfWord(std::string_view word) {
   for (int type = 0; type < kNumSetTypes; ++type) {

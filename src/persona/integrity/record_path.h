@@ -47,6 +47,9 @@ class PERSONA_EXPORT PathError : public std::runtime_error {
 PERSONA_EXPORT std::string PathName(std::string_view name);
 // The word of set list type in paths ("trunk", "conv", ...); "" for an invalid type.
 PERSONA_EXPORT const char* SetListWord(int type);
+// The field of set list type in the personality's records and JSON form ("TrunkSets",
+// "ConvSets", ...); "" for an invalid type.
+PERSONA_EXPORT const char* SetListField(int type);
 // The list of a word (exact, lower case), or -1.
 PERSONA_EXPORT int SetListOfWord(std::string_view word);
 // "systems/<name>".
@@ -86,6 +89,9 @@ struct PERSONA_EXPORT PathTarget {
   int setType = -1;           // Set and Element: the set's list
   int index = -1;             // System, Set, Element, SubRecord: position in its list from 0
   std::string recordPath;     // canonical path of the record ("" for the header)
+  // JSON pointer of the target in the personality's JSON form ("/ConvSets/0/Elements/2/RxFreq",
+  // "" for the header record).
+  std::string pointer;
   // Canonical path of the target: recordPath, the field and the entry (from 1).
   std::string Path() const;
 };
