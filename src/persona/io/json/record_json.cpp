@@ -10,6 +10,8 @@
 #include <persona/framework/codepage.h>
 #include <persona/framework/collections.h>
 #include <persona/framework/fields.h>
+#include <persona/integrity/record_path.h>
+#include <persona/personality/personality.h>
 
 namespace persona {
 
@@ -112,8 +114,22 @@ class Importer {
   explicit Importer(std::string source) : m_source(std::move(source)) {}
 
   [[noreturn]] void Fail(const std::string& pointer, const std::string& detail) const {
-    throw CJsonImportException(m_source, pointer, detail);
+    throw CJsonImportException(m_source, pointer, detail, PathOf(pointer));
   }
+
+  // A member of an owned list being built, kept so that a failure can name its record path.
+  struct Frame {
+    const CObject* holder;  // the record whose list it is
+    const char* field;      // the list field
+    const Json* list;       // the JSON array
+    std::size_t index;
+    std::string pointer;  // the member's JSON pointer
+  };
+  void Enter(const CObject& holder, const char* field, const Json& list, std::size_t index,
+             std::string pointer) {
+    m_frames.push_back({&holder, field, &list, index, std::move(pointer)});
+  }
+  void Leave() { m_frames.pop_back(); }
 
   // Builds an owned record (no "$id"/"$ref").
   std::unique_ptr<CObject> BuildOwned(const Json& j, const CRuntimeClass* expected,
@@ -128,15 +144,77 @@ class Importer {
                                   const std::string& pointer);
   void Fill(CObject& rec, const Json& j, const std::string& pointer);
 
+  std::string PathOf(const std::string& pointer) const;
+
   std::string m_source;
   std::unordered_map<long long, CObject*> m_ids;
+  std::vector<Frame> m_frames;
   int m_depth = 0;
 };
 
+// The "Name" of a JSON record, or "".
+std::string JsonName(const Json& j) {
+  const auto it = j.is_object() ? j.find("Name") : j.end();
+  return it != j.end() && it->is_string() ? it->get<std::string>() : std::string();
+}
+
+// The path segment of set element index of list: its name where no other element of the list
+// has it, else its position from 1. Only asked for on a failure, so one scan of the list.
+std::string ElementSegment(const Json& list, std::size_t index) {
+  const std::string name = JsonName(list[index]);
+  std::size_t same = 0;
+  for (const Json& e : list) same += !name.empty() && JsonName(e) == name;
+  if (same == 1) return PathName(name);
+  return "#" + std::to_string(index + 1);
+}
+
+// The segments of the personality's lists: systems by name, sets by list and name, options by
+// class; "" for another field.
+std::string PersonalityListSegment(const char* field, const Json& member) {
+  if (std::strcmp(field, "Systems") == 0) return "systems/" + PathName(JsonName(member));
+  if (std::strcmp(field, "Options") == 0) {
+    const auto cls = member.is_object() ? member.find("$class") : member.end();
+    return "options/" +
+           (cls != member.end() && cls->is_string() ? cls->get<std::string>() : std::string("?"));
+  }
+  for (int type = 0; type < kNumSetTypes; ++type) {
+    if (std::strcmp(field, SetListField(type)) == 0) {
+      return "sets/" + std::string(SetListWord(type)) + "/" + PathName(JsonName(member));
+    }
+  }
+  return std::string();
+}
+
+std::string Importer::PathOf(const std::string& pointer) const {
+  std::string path, base;
+  for (const Frame& f : m_frames) {
+    std::string seg;
+    if (f.holder->IsKindOf(RUNTIME_CLASS(CPersonality))) {
+      seg = PersonalityListSegment(f.field, (*f.list)[f.index]);
+    } else if (f.holder->IsKindOf(RUNTIME_CLASS(CSet)) && std::strcmp(f.field, "Elements") == 0) {
+      seg = ElementSegment(*f.list, f.index);
+    }
+    if (seg.empty()) seg = std::string(f.field) + "/#" + std::to_string(f.index + 1);
+    path += (path.empty() ? "" : "/") + seg;
+    base = f.pointer;
+  }
+  // The rest of the pointer: a field, and an entry of a list field counted from 1.
+  std::size_t at = pointer.compare(0, base.size(), base) == 0 ? base.size() : pointer.size();
+  while (at < pointer.size()) {
+    const std::size_t next = std::min(pointer.find('/', at + 1), pointer.size());
+    const std::string token = pointer.substr(at + 1, next - at - 1);
+    const bool number = !token.empty() && token.size() < 10 &&
+                        token.find_first_not_of("0123456789") == std::string::npos;
+    path += (path.empty() ? "" : "/") + (number ? std::to_string(std::stoul(token) + 1) : token);
+    at = next;
+  }
+  return path;
+}
+
 class JsonImportVisitor : public CFieldVisitor {
  public:
-  JsonImportVisitor(Importer& importer, const Json& obj, std::string pointer)
-      : m_im(importer), m_obj(obj), m_pointer(std::move(pointer)) {}
+  JsonImportVisitor(Importer& importer, const CObject& rec, const Json& obj, std::string pointer)
+      : m_im(importer), m_rec(rec), m_obj(obj), m_pointer(std::move(pointer)) {}
 
   std::unordered_set<std::string> used;
 
@@ -187,7 +265,9 @@ class JsonImportVisitor : public CFieldVisitor {
         if (a[i].is_null()) {
           v.Add(static_cast<CObject*>(nullptr));
         } else {
+          m_im.Enter(m_rec, f.name, a, i, Ptr(f, i));
           v.Add(m_im.BuildOwned(a[i], v.GetElementClass(), Ptr(f, i)));
+          m_im.Leave();
         }
       }
     }
@@ -266,6 +346,7 @@ class JsonImportVisitor : public CFieldVisitor {
   }
 
   Importer& m_im;
+  const CObject& m_rec;
   const Json& m_obj;
   std::string m_pointer;
 };
@@ -291,7 +372,7 @@ std::unique_ptr<CObject> Importer::Create(const Json& j, const CRuntimeClass* ex
 
 void Importer::Fill(CObject& rec, const Json& j, const std::string& pointer) {
   ++m_depth;
-  JsonImportVisitor visitor(*this, j, pointer);
+  JsonImportVisitor visitor(*this, rec, j, pointer);
   rec.VisitFields(visitor);
   --m_depth;
   for (const auto& item : j.items()) {

@@ -27,16 +27,21 @@ namespace persona {
 
 using Json = nlohmann::ordered_json;
 
-// A JSON document that does not describe valid records: names the source, the JSON pointer of
-// the offending value and what is wrong with it.
+// A JSON document that does not describe valid records: names the source, the record path of
+// the offending value where the importer can tell it (as the tool prints paths,
+// "sets/conv/METRO/FIRE 1/TxFreq"), its JSON pointer and what is wrong with it.
 class PERSONA_JSON_EXPORT CJsonImportException : public CException {
  public:
   CJsonImportException(const std::string& source, const std::string& pointer,
-                       const std::string& detail)
+                       const std::string& detail, const std::string& path = std::string())
       : CException((source.empty() ? std::string("<json>") : source) + ": " +
-                   (pointer.empty() ? std::string("/") : pointer) + ": " + detail),
-        m_pointer(pointer) {}
+                   (path.empty() ? std::string() : path + " (") +
+                   (pointer.empty() ? std::string("/") : pointer) + (path.empty() ? "" : ")") +
+                   ": " + detail),
+        m_pointer(pointer),
+        m_path(path) {}
   std::string m_pointer;
+  std::string m_path;  // "" where the value is outside every record path
 };
 
 // Writes records as JSON; one exporter per document, so that shared records get one id.
