@@ -354,6 +354,37 @@ EOT
     [[ "$(cat out.txt)" == $'fleet1.pers: 200\nfleet1.pers: FLEET\nfleet2.pers: 200\nfleet2.pers: FLEET\nfleet4.pers: 200\nfleet4.pers: FLEET' ]] ||
       fail "fleet get: $(cat out.txt)"
     same_file fleet1.pers.bak "$sample"
+    # The other commands over the same fleet: lines carry the file, the damaged file is named
+    # with its byte offset, the others still run, the exit code is the worst of all files.
+    expect_rc 2 "$persona" info fleet*.pers --json
+    [[ $(grep -c '"file": "fleet[124].pers"' out.txt) -eq 3 ]] || fail "info --json: $(head -5 out.txt)"
+    contains out.txt '"name": "FLEET"'
+    contains err.txt "persona: error: fleet3.pers: byte 494"
+    expect_rc 2 "$persona" check fleet1.pers fleet3.pers broken.pers
+    [[ "$(grep -c ' error(s)' out.txt)" -eq 2 ]] || fail "check fleet: $(cat out.txt)"
+    contains out.txt "broken.pers: error REF_SET_MISSING systems/KVX METRO/GroupSetName: "
+    contains out.txt "fleet1.pers: 0 error(s), 2 warning(s), 10 note(s)"
+    expect_rc 1 "$persona" check fleet1.pers broken.pers --json
+    contains out.txt '"pointer": "/Systems/0/GroupSetName"'
+    expect_rc 1 "$persona" check broken.pers fleet1.pers  # errors in one file: exit 1
+    expect_rc 2 "$persona" rename fleet*.pers --set conv metro DOWNTOWN --in-place
+    [[ "$(cat out.txt)" == $'fleet1.pers: renamed conv set metro to DOWNTOWN, 1 reference(s) updated\nfleet2.pers: renamed conv set metro to DOWNTOWN, 1 reference(s) updated\nfleet4.pers: renamed conv set metro to DOWNTOWN, 1 reference(s) updated' ]] ||
+      fail "fleet rename: $(cat out.txt)"
+    expect_rc 4 "$persona" rename fleet1.pers fleet2.pers --set conv metro X --dry-run
+    contains err.txt "fleet1.pers holds no conv set named metro; the nearest: "
+    expect_rc 64 "$persona" rename fleet1.pers fleet2.pers --set conv DOWNTOWN X -o one.pers
+    expect_rc 2 "$persona" prune fleet*.pers --in-place
+    [[ $(grep -c '^fleet[124].pers: 17 record(s) removed$' out.txt) -eq 3 ]] || fail "fleet prune: $(cat out.txt)"
+    expect_rc 0 "$persona" list fleet1.pers fleet2.pers conv DOWNTOWN
+    [[ $(grep -c '^fleet2.pers: FIRE 1 ' out.txt) -eq 1 ]] || fail "fleet list: $(head -3 out.txt)"
+    expect_rc 0 "$persona" set refresh fleet1.pers fleet2.pers --dir . --dry-run
+    contains out.txt "fleet2.pers: 0 global set(s): 0 refreshed, 0 kept local"
+    # A JSON import error names the record path beside the pointer; the path works in get.
+    expect_rc 0 "$persona" export "$sample" -o sample.json
+    sed '0,/"TxFreq": [0-9.]*/s//"TxFreq": "x"/' sample.json >badfreq.json
+    expect_rc 2 "$persona" import badfreq.json -o never.pers
+    contains err.txt 'badfreq.json: sets/trunk/T-METRO/#1/TxFreq (/TrunkSets/0/Elements/0/TxFreq): expected a number'
+    expect_rc 0 "$persona" get "$sample" "sets/trunk/T-METRO/#1/TxFreq"
     # list: the systems and sets, and a set's elements as a table.
     expect_rc 0 "$persona" list "$sample"
     contains out.txt "systems/CNV NORTH  Conventional  sets/conv/SOUTH, sets/phone/PH-SOUTH"
