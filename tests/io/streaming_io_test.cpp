@@ -109,21 +109,25 @@ TEST(StreamedJson, FaultsAreNamedByTheirPointer) {
   std::unique_ptr<CPersonality> p = BuildSamplePersonality();
   const Json good = Json::parse(StreamedJson(*p));
   const std::string elements = "/personality/ConvSets/0/Elements";
+  const std::string channel = "sets/conv/METRO/PD 1/";
   const struct {
     std::string pointer;  // where the fault is planted
     Json value;
     std::string reported;  // the pointer of the fault (the message may leave out /personality)
+    std::string record;    // the record path of the fault, as the tool prints it
   } faults[] = {
-      {"/format", "persona-set", "/format"},
-      {"/formatVersion", 2, "/formatVersion"},
-      {elements + "/1/RxFreq", "450", elements + "/1/RxFreq"},
-      {elements + "/1/NoSuchField", 1, elements + "/1/NoSuchField"},
-      {elements + "/1/TxAddr", 70000, elements + "/1/TxAddr"},
-      {elements + "/1/Scan", -1, elements + "/1/Scan"},
-      {elements + "/1/Backlight", true, elements + "/1/Backlight"},
-      {elements + "/1/Name", 5, elements + "/1/Name"},
-      {elements + "/2", Json{{"$class", "CNoSuchRecord"}}, elements + "/2"},
-      {elements + "/0/$class", 7, elements + "/0"},
+      {"/format", "persona-set", "/format", ""},
+      {"/formatVersion", 2, "/formatVersion", ""},
+      {elements + "/1/RxFreq", "450", elements + "/1/RxFreq", channel + "RxFreq"},
+      {elements + "/1/NoSuchField", 1, elements + "/1/NoSuchField", channel + "NoSuchField"},
+      {elements + "/1/TxAddr", 70000, elements + "/1/TxAddr", channel + "TxAddr"},
+      {elements + "/1/Scan", -1, elements + "/1/Scan", channel + "Scan"},
+      {elements + "/1/Backlight", true, elements + "/1/Backlight", channel + "Backlight"},
+      {elements + "/1/Name", 5, elements + "/1/Name", "sets/conv/METRO/#2/Name"},
+      {elements + "/2", Json{{"$class", "CNoSuchRecord"}}, elements + "/2", "sets/conv/METRO/#3"},
+      {elements + "/0/$class", 7, elements + "/0", "sets/conv/METRO/FIRE 1"},
+      {"/personality/Systems/0/ScannedSystems", Json{"A", 3}, "/Systems/0/ScannedSystems/1",
+       "systems/KVX METRO/ScannedSystems/2"},
   };
   for (const auto& fault : faults) {
     Json doc = good;
@@ -139,7 +143,9 @@ TEST(StreamedJson, FaultsAreNamedByTheirPointer) {
       EXPECT_TRUE(got.size() >= 7 && fault.reported.size() >= got.size() &&
                   fault.reported.compare(fault.reported.size() - got.size(), got.size(), got) == 0)
           << got << " for " << fault.reported;
-      EXPECT_EQ(std::string(e.what()).rfind(path + ": " + got + ": ", 0), 0u) << e.what();
+      EXPECT_EQ(e.m_path, fault.record) << e.what();
+      const std::string place = e.m_path.empty() ? got : e.m_path + " (" + got + ")";
+      EXPECT_EQ(std::string(e.what()).rfind(path + ": " + place + ": ", 0), 0u) << e.what();
     }
     std::remove(path.c_str());
   }
