@@ -1,6 +1,6 @@
-// Fuzz target: set CSV from untrusted hands. The first byte picks the set kind; the rest is the
-// CSV. Import must fail cleanly (a CSV failure) or succeed; what it made must export and import
-// again without a change.
+// Fuzz target: set CSV from untrusted hands. The first byte picks the set kind and whether the
+// export writes words; the rest is the CSV. Import must fail cleanly (a CSV failure) or succeed;
+// what it made must export and import again without a change.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -23,7 +23,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   const CSet* set = p.GetSet(CString("FUZZ"), type);
   if (set == nullptr) std::abort();  // an import that succeeded made no set
-  const CsvImportResult again = ImportSetCsv(p, type, "FUZZ", ExportSetCsv(*set));
+  CsvExportOptions options;
+  options.words = (data[0] / kNumSetTypes) % 2 == 1;
+  const CsvImportResult again = ImportSetCsv(p, type, "FUZZ", ExportSetCsv(*set, options));
   if (again.added + again.changed + again.removed != 0 || again.reordered) std::abort();
   return 0;
 }

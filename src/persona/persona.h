@@ -78,10 +78,10 @@
 #include <persona/personality/load_fixups.h>
 #include <persona/personality/personality.h>
 #include <persona/personality/personality_name_index.h>
+#include <persona/personality/radio_models.h>
 #include <persona/report/merge_policy.h>
 #include <persona/report/personality_ops.h>
 #include <persona/report/personality_report.h>
-#include <persona/report/radio_models.h>
 #include <persona/report/record_lines.h>
 #include <persona/systems/conv_system.h>
 #include <persona/systems/esk_data.h>

@@ -57,7 +57,7 @@
 #include <persona/options/tone_encode.h>
 #include <persona/options/vantor_opts.h>
 #include <persona/options/zemo_opts.h>
-#include <persona/report/radio_models.h>
+#include <persona/personality/radio_models.h>
 #include <persona/systems/conv_system.h>
 #include <persona/systems/ext_add_group_set.h>
 #include <persona/systems/ext_add_system.h>

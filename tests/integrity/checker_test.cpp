@@ -9,6 +9,7 @@
 
 #include <persona/calls/phone_set.h>
 #include <persona/conventional/conv_set.h>
+#include <persona/conventional/p25_conv_set.h>
 #include <persona/options/scan_opts.h>
 #include <persona/options/vantor_opts.h>
 #include <persona/systems/esk_data.h>
@@ -108,9 +109,24 @@ std::vector<Break> Breaks() {
       {"unused set",
        [](CPersonality& p) { AddPhoneSet(p, "Spare"); },
        {"SET_UNUSED 2 sets/phone/Spare"}},
-      {"system kind the radio cannot use",
+      {"system kind and WAN record the model does not take",
        [](CPersonality& p) { p.SetLastRadio(88); },
-       {"SYSTEM_UNSUPPORTED 1 systems/P1"}},
+       {"SYSTEM_UNSUPPORTED 1 systems/P1", "OPTION_UNSUPPORTED 1 options/CP25tWanOpts"}},
+      {"a key on a model without key lists, not again at the set",
+       [](CPersonality& p) {
+         p.SetLastRadio(101);  // keyed: the set's empty key list lacks the key
+         static_cast<CTrunkSystem*>(p.GetSystem("T1"))->SetESK(5);
+         EXPECT_EQ(CheckPersonality(p).size(), 2u);  // the group set's and the trunk set's
+         p.SetLastRadio(77);
+       },
+       {"KEY_UNSUPPORTED 1 systems/T1/TrunkESK", "SYSTEM_UNSUPPORTED 1 systems/P1",
+        "SYSTEM_UNSUPPORTED 1 systems/PC", "SYSTEM_UNSUPPORTED 1 systems/E1",
+        "OPTION_UNSUPPORTED 1 options/CP25tWanOpts"}},
+      {"conventional sets on a trunked-only model",
+       [](CPersonality& p) { p.SetLastRadio(75); },
+       {"SET_UNSUPPORTED 1 sets/conv/CONV", "SYSTEM_UNSUPPORTED 1 systems/C1",
+        "SYSTEM_UNSUPPORTED 1 systems/P1", "SYSTEM_UNSUPPORTED 1 systems/PC",
+        "SYSTEM_UNSUPPORTED 1 systems/E1", "OPTION_UNSUPPORTED 1 options/CP25tWanOpts"}},
   };
 }
 
@@ -137,6 +153,51 @@ TEST(Checker, ChannelsOutOfBandNameTheChannelTheFrequencyAndTheLimits) {
       "sets/conv/CONV/#2/TxFreq: channel " + second->GetName().str() +
           " transmits on 700.00000 MHz, below the transmit minimum 806.00000 MHz"};
   EXPECT_EQ(got, want);
+}
+
+// The band edges: a channel exactly at a limit passes, one 10 Hz step outside fails, at the
+// field named. Above 800 MHz the receive minimum applies too, transmit may exceed the receive
+// maximum by 1 Hz, and only the P25 conventional set allows that on receive as well.
+TEST(Checker, BandEdgesPassAtTheLimitAndFailOneStepOutside) {
+  struct Row {
+    double txMin, rxMin, rxMax, tx, rx;
+    const char* conv;  // the finding's field in the conventional set ("" for none)
+    const char* p25;   // in the P25 conventional set
+  };
+  const Row rows[] = {
+      {150.0, 160.0, 174.0, 150.0, 174.0, "", ""},
+      {150.0, 160.0, 174.0, 149.99999, 174.0, "TxFreq", "TxFreq"},
+      {150.0, 160.0, 174.0, 0.0, 174.00001, "RxFreq", "RxFreq"},
+      {150.0, 160.0, 174.0, 0.0, 100.0, "", ""},  // no receive minimum below 800 MHz
+      {800.0, 851.0, 870.0, 0.0, 100.0, "", ""},
+      {806.0, 851.0, 870.0, 870.000001, 851.0, "", ""},
+      {806.0, 851.0, 870.0, 870.00001, 851.0, "TxFreq", "TxFreq"},
+      {806.0, 851.0, 870.0, 806.0, 850.99999, "RxFreq", "RxFreq"},
+      {806.0, 851.0, 870.0, 806.0, 870.0000005, "RxFreq", ""},
+  };
+  for (const Row& r : rows) {
+    SCOPED_TRACE(std::to_string(r.tx) + " / " + std::to_string(r.rx));
+    auto p = Clean();
+    p->SetTxMinFreq(r.txMin);
+    p->SetRxMinFreq(r.rxMin);
+    p->SetRxMaxFreq(r.rxMax);
+    auto* conv = static_cast<CConvChannel*>(p->GetSet("CONV", ConvSetType)->GetAt(0));
+    auto* p25 = static_cast<CP25ConvChannel*>(p->GetSet("P25C", P25ConvSetType)->GetAt(0));
+    conv->SetTxFreq(r.tx);
+    conv->SetRxFreq(r.rx);
+    p25->SetTxFreq(r.tx);
+    p25->SetRxFreq(r.rx);
+    std::string got;
+    for (const Finding& f : CheckPersonality(*p)) {
+      if (f.code == "FREQ_OUT_OF_RANGE" && f.path.find("/#1/") != std::string::npos) {
+        got += f.path + " ";
+      }
+    }
+    std::string want;
+    if (*r.conv) want += std::string("sets/conv/CONV/#1/") + r.conv + " ";
+    if (*r.p25) want += std::string("sets/p25conv/P25C/#1/") + r.p25 + " ";
+    EXPECT_EQ(got, want);
+  }
 }
 
 TEST(Checker, EachBreakIsReportedOnceWithItsCodeAndPath) {

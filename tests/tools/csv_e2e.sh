@@ -100,6 +100,23 @@ EOF
     [[ "$(head -c 3 semi.csv | od -An -tx1 | tr -d ' ')" == efbbbf ]] || fail "no byte-order mark"
     expect_rc 0 "$persona" csv import "$sample" p25conv P25METRO semi.csv --delimiter ';' -o semi.pers
     same_file semi.pers "$sample"
+    # Every set with --words: coded fields as their report words, which import takes back to
+    # the same personality; a word edited in a cell is that code.
+    all_sets >sets.txt || fail "cannot list the sets"
+    cp "$sample" words.pers
+    while read -r kind name; do
+      "$persona" csv export "$sample" "$kind" "$name" --words -o "w-$kind-$name.csv" &&
+        "$persona" csv import words.pers "$kind" "$name" "w-$kind-$name.csv" --in-place --no-backup \
+          >out.txt 2>&1 || fail "--words $kind $name: $(cat out.txt)"
+    done <sets.txt
+    same_file words.pers "$sample"
+    contains w-conv-METRO.csv '"PD 1",806.0250000000001,851.0250000000001,"74.1","74.1",85,85,Off,On,On,On,High,'
+    contains w-trunk-T-METRO.csv '813.5125,858.5125,2,Off,Encode,0,Off'
+    contains w-icall-IC-METRO.csv '"DISPATCH",0,Alpha,Ind Call,Off,'
+    sed '3s/,High,/,Auto,/' w-conv-METRO.csv >auto.csv
+    expect_rc 0 "$persona" csv import "$sample" conv METRO auto.csv -o auto.pers
+    expect_rc 1 "$persona" diff "$sample" auto.pers
+    [[ "$(cat out.txt)" == 'changed sets/conv/METRO/PD 1/Power: 1 -> 2' ]] || fail "Auto: $(cat out.txt)"
     ;;
   spreadsheet)
     # Every set through LibreOffice Calc: CSV -> .xlsx -> CSV, then imported: nothing changes.

@@ -492,6 +492,35 @@ EOT
     leftovers=$(ls -A | grep '^\.persona-')
     [[ -z "$leftovers" ]] || fail "temporary files left: $leftovers"
     ;;
+  model_rules)
+    # check applies the rules of the personality's model (its last radio): the kinds of system
+    # it takes, conventional sets, the WAN record, security keys. Warnings only: exit 0.
+    expect_rc 0 "$persona" edit "$sample" LastRadio=74 -o m74.pers
+    expect_rc 0 "$persona" check m74.pers
+    for line in \
+      "warning SYSTEM_UNSUPPORTED systems/P25T METRO: system P25T METRO is a Project 25 Trunked system, which the Model 74 trunked (radio type 74) does not take; radio types 101-106 take it (prune removes it)" \
+      "warning SYSTEM_UNSUPPORTED systems/CNV NORTH: system CNV NORTH is a Conventional system, which the Model 74 trunked (radio type 74) does not take; every radio type but 72-75 takes it (prune removes it)" \
+      "warning SET_UNSUPPORTED sets/conv/METRO: conv set METRO is a conventional channel set, which the Model 74 trunked (radio type 74) does not take, as it takes no Conventional system; every radio type but 72-75 takes it (prune removes every conventional set)" \
+      "warning OPTION_UNSUPPORTED options/CP25tWanOpts: holds 2 P25 wide-area network(s), which the Model 74 trunked (radio type 74) does not take, as it takes no Project 25 Trunked system; radio types 101-106 take it (prune deletes the record)" \
+      "warning KEY_UNSUPPORTED systems/KVX NORTH/TrunkESK: system KVX NORTH has security key \"KEY NORTH\" (12), which the Model 74 trunked (radio type 74) does not take: its sets get no key list (key 0 is none); radio types 68-70, 80, 88-90, 92, 94-97, 101-106 take keys" \
+      "0 error(s), 16 warning(s), 9 note(s)"; do
+      grep -qxF -- "$line" out.txt || fail "check m74.pers lacks: $line"
+    done
+    # A key of a system the model does not take is not reported again; pruning leaves the keys
+    # of the trunked systems, which an edit to 0 clears.
+    grep -q "KEY_UNSUPPORTED systems/KIP" out.txt && fail "KIP keys reported: $(grep KIP out.txt)"
+    expect_rc 0 "$persona" prune m74.pers -o p74.pers
+    expect_rc 0 "$persona" check p74.pers
+    [[ "$(grep -c '^warning' out.txt)" -eq 2 ]] || fail "after prune: $(cat out.txt)"
+    expect_rc 0 "$persona" edit p74.pers "systems/KVX METRO/TrunkESK=0" "systems/KVX NORTH/TrunkESK=0" -o k74.pers
+    expect_rc 0 "$persona" check k74.pers
+    [[ "$(cat out.txt)" == "0 error(s), 0 warning(s), 0 note(s)" ]] || fail "k74: $(cat out.txt)"
+    # A P25 conventional model keeps keys and P25 conventional systems, not P25 trunked ones.
+    expect_rc 0 "$persona" edit "$sample" LastRadio=88 -o m88.pers
+    expect_rc 0 "$persona" check m88.pers
+    [[ "$(grep -o '^warning [A-Z_]* [^:]*' out.txt | tr '\n' ';')" == "warning SYSTEM_UNSUPPORTED systems/MSG METRO;warning SYSTEM_UNSUPPORTED systems/P25T METRO;warning SYSTEM_UNSUPPORTED systems/MSG NORTH;warning SYSTEM_UNSUPPORTED systems/P25T NORTH;warning OPTION_UNSUPPORTED options/CP25tWanOpts;" ]] ||
+      fail "check m88.pers: $(cat out.txt)"
+    ;;
   *)
     fail "unknown case $case_name"
     ;;

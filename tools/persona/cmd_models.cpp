@@ -1,7 +1,7 @@
 // persona models [--json]: the radio model catalogue (radio type, name, the kinds of system the
 // model takes); also registers `persona --version`.
 #include <persona/integrity/set_use.h>
-#include <persona/report/radio_models.h>
+#include <persona/personality/radio_models.h>
 #include <persona/report/record_lines.h>
 #include "command.h"
 

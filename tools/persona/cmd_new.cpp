@@ -1,6 +1,6 @@
 // persona new --radio-type N -o FILE: a new personality with a model's defaults.
+#include <persona/personality/radio_models.h>
 #include <persona/report/personality_ops.h>
-#include <persona/report/radio_models.h>
 #include "command.h"
 
 namespace persona::cli {

@@ -12,8 +12,7 @@ IMPLEMENT_SERIAL(CICallSet, CSet, VERSIONABLE_SCHEMA | 2)
 
 namespace {
 
-const char* const kTypeWords[] = {"Ind Call", "All Call"};
-const char* const kDisplayWords[] = {"Alph & Num", "Alpha", "Num"};
+using namespace icall_words;
 
 }  // namespace
 

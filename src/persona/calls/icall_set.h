@@ -12,6 +12,13 @@
 
 namespace persona {
 
+// The report words of the coded fields of CICall (a code indexes its list); the report
+// lines and the field descriptions share them.
+namespace icall_words {
+inline constexpr const char* const kDisplayWords[] = {"Alph & Num", "Alpha", "Num"};
+inline constexpr const char* const kTypeWords[] = {"Ind Call", "All Call"};
+}  // namespace icall_words
+
 class PERSONA_EXPORT CICall : public CObject {
   DECLARE_SERIAL(CICall)
  public:
@@ -63,12 +70,12 @@ class PERSONA_EXPORT CICall : public CObject {
   PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Name", m_Name);
     v("Lid", m_Lid);
-    v("Display", m_Display);
-    v("Type", m_Type);
-    v("Digital", m_Digital);
+    v("Display", m_Display, WordsOf(icall_words::kDisplayWords));
+    v("Type", m_Type, WordsOf(icall_words::kTypeWords));
+    v("Digital", m_Digital, OnOff{});
     v("DLid", m_DLid, Since{2});
     v("WaNetName", m_WaNetName, Since{3}, RefersTo{RefKind::Wan});
-    v("Encrypted", m_Encrypted, Since{3});
+    v("Encrypted", m_Encrypted, Since{3}, OnOff{});
     v("AllCall", m_AllCall, Since{3});
   }
   PERSONA_FIELDS(CObject)

@@ -12,7 +12,7 @@ IMPLEMENT_SERIAL(CPhoneSet, CSet, 1)
 
 namespace {
 
-const char* const kDisplayWords[] = {"Alpha & Numeric", "Alpha", "Numeric"};
+using namespace phone_call_words;
 
 }  // namespace
 

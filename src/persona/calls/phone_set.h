@@ -12,6 +12,12 @@
 
 namespace persona {
 
+// The report words of the coded fields of CPhoneCall (a code indexes its list); the report
+// lines and the field descriptions share them.
+namespace phone_call_words {
+inline constexpr const char* const kDisplayWords[] = {"Alpha & Numeric", "Alpha", "Numeric"};
+}  // namespace phone_call_words
+
 class PERSONA_EXPORT CPhoneCall : public CObject {
   DECLARE_SERIAL(CPhoneCall)
  public:
@@ -48,9 +54,9 @@ class PERSONA_EXPORT CPhoneCall : public CObject {
   PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Name", m_Name);
     v("Number", m_Number);
-    v("Display", m_Display);
-    v("Digital", m_Digital);
-    v("Encrypted", m_Encrypted, Since{2});
+    v("Display", m_Display, WordsOf(phone_call_words::kDisplayWords));
+    v("Digital", m_Digital, OnOff{});
+    v("Encrypted", m_Encrypted, Since{2}, OnOff{});
   }
   PERSONA_FIELDS(CObject)
 

@@ -12,7 +12,7 @@ IMPLEMENT_SERIAL(CPlmSpCallSet, CSet, 1)
 
 namespace {
 
-const char* const kTypeWords[] = {"Telephone", "DTMF", "Overdial"};
+using namespace plm_sp_call_words;
 
 }  // namespace
 

@@ -13,6 +13,12 @@
 
 namespace persona {
 
+// The report words of the coded fields of CPlmSpCall (a code indexes its list); the report
+// lines and the field descriptions share them.
+namespace plm_sp_call_words {
+inline constexpr const char* const kTypeWords[] = {"Telephone", "DTMF", "Overdial"};
+}  // namespace plm_sp_call_words
+
 class PERSONA_EXPORT CPlmSpCall : public CObject {
   DECLARE_SERIAL(CPlmSpCall)
  public:
@@ -49,7 +55,7 @@ class PERSONA_EXPORT CPlmSpCall : public CObject {
   PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Name", m_Name);
     v("Number", m_Number);
-    v("Type", m_Type);
+    v("Type", m_Type, WordsOf(plm_sp_call_words::kTypeWords));
     v("Tone", m_Tone);
   }
   PERSONA_FIELDS(CObject)

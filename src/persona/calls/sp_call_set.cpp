@@ -12,7 +12,7 @@ IMPLEMENT_SERIAL(CSpCallSet, CSet, 1)
 
 namespace {
 
-const char* const kTypeWords[] = {"Telephone", "DTMF", "Call 1", "Call 2", "All Call"};
+using namespace sp_call_words;
 
 }  // namespace
 

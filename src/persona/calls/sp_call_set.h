@@ -13,6 +13,13 @@
 
 namespace persona {
 
+// The report words of the coded fields of CSpCall (a code indexes its list); the report
+// lines and the field descriptions share them.
+namespace sp_call_words {
+inline constexpr const char* const kTypeWords[] = {"Telephone", "DTMF", "Call 1", "Call 2",
+                                                   "All Call"};
+}  // namespace sp_call_words
+
 class PERSONA_EXPORT CSpCall : public CObject {
   DECLARE_SERIAL(CSpCall)
  public:
@@ -46,8 +53,8 @@ class PERSONA_EXPORT CSpCall : public CObject {
   PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Name", m_Name);
     v("Number", m_Number);
-    v("Type", m_Type);
-    v("Digital", m_Digital);
+    v("Type", m_Type, WordsOf(sp_call_words::kTypeWords));
+    v("Digital", m_Digital, OnOff{});
   }
   PERSONA_FIELDS(CObject)
 

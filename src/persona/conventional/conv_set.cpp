@@ -13,20 +13,9 @@ IMPLEMENT_SERIAL(CConvSet, CSet, VERSIONABLE_SCHEMA | 4)
 
 namespace {
 
-using set_helpers::IsOneOf;
+using namespace conv_channel_words;
 
-const char* const kPowerWords[] = {"Low", "High", "Auto"};
-const char* const kBandWidthWords[] = {"Wide", "Narrow"};
-const char* const kVoiceModeWords[] = {"Analog", "Key 1", "Key 2", "Key 3",      "Key 4",
-                                       "Key 5",  "Key 6", "Key 7", "Unencrypted"};
-const char* const kVantorSendWords[] = {"None", "Begin", "End", "Both"};
-const char* const kT99TableWords[] = {"Dis", "1", "2", "3"};
-const char* const kMessTypeWords[] = {"ZVEI1", "ZVEI2", "PZVEI", "DZVEI", "PDZVEI",
-                                      "CCIR",  "PCCIR", "EEA",   "EIA"};
-const char* const kICallWords[] = {"Dis", "Enable", "Enable w/Ack"};
-const char* const kUsaPowerWords[] = {"20", "30", "40"};
-const char* const kLowHighWords[] = {"Low", "High"};
-const char* const kLoInjectionWords[] = {"Local", "Distant"};
+using set_helpers::IsOneOf;
 
 // The radio types whose reduced defaults clear the oscillator shift and the alert tone.
 bool IsReducedOscType(unsigned short t) {

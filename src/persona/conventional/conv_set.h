@@ -15,6 +15,23 @@
 
 namespace persona {
 
+// The report words of the coded fields of CConvChannel (a code indexes its list); the report
+// lines and the field descriptions share them.
+namespace conv_channel_words {
+inline constexpr const char* const kBandWidthWords[] = {"Wide", "Narrow"};
+inline constexpr const char* const kICallWords[] = {"Dis", "Enable", "Enable w/Ack"};
+inline constexpr const char* const kLoInjectionWords[] = {"Local", "Distant"};
+inline constexpr const char* const kLowHighWords[] = {"Low", "High"};
+inline constexpr const char* const kMessTypeWords[] = {"ZVEI1", "ZVEI2", "PZVEI", "DZVEI", "PDZVEI",
+                                                       "CCIR",  "PCCIR", "EEA",   "EIA"};
+inline constexpr const char* const kPowerWords[] = {"Low", "High", "Auto"};
+inline constexpr const char* const kT99TableWords[] = {"Dis", "1", "2", "3"};
+inline constexpr const char* const kUsaPowerWords[] = {"20", "30", "40"};
+inline constexpr const char* const kVantorSendWords[] = {"None", "Begin", "End", "Both"};
+inline constexpr const char* const kVoiceModeWords[] = {
+    "Analog", "Key 1", "Key 2", "Key 3", "Key 4", "Key 5", "Key 6", "Key 7", "Unencrypted"};
+}  // namespace conv_channel_words
+
 class PERSONA_EXPORT CConvChannel : public CObject {
   DECLARE_SERIAL(CConvChannel)
  public:
@@ -195,58 +212,58 @@ class PERSONA_EXPORT CConvChannel : public CObject {
     v("RxCg", m_RxCg);
     v("TxAddr", m_TxAddr);
     v("RxAddr", m_RxAddr);
-    v("CCT", m_CCT);
-    v("Scan", m_Scan);
-    v("Backlight", m_Backlight);
-    v("AlertTone", m_AlertTone);
-    v("Power", m_Power);
-    v("TxBusy", m_TxBusy);
-    v("FixPower", m_FixPower);
-    v("PreAmp", m_PreAmp);
-    v("Ste", m_Ste);
-    v("T99", m_T99);
-    v("T99Table", m_T99Table);
-    v("Vantor", m_Vantor);
-    v("VantorSte", m_VantorSte);
-    v("VantorCg", m_VantorCg);
-    v("VantorSend", m_VantorSend);
-    v("T99SuperGrp", m_T99SuperGrp);
-    v("T99Grp", m_T99Grp);
-    v("T99QuickCall", m_T99QuickCall);
-    v("T99Indv", m_T99Indv);
-    v("Os", m_Os);
+    v("CCT", m_CCT, OnOff{});
+    v("Scan", m_Scan, OnOff{});
+    v("Backlight", m_Backlight, OnOff{});
+    v("AlertTone", m_AlertTone, OnOff{});
+    v("Power", m_Power, WordsOf(conv_channel_words::kPowerWords));
+    v("TxBusy", m_TxBusy, OnOff{});
+    v("FixPower", m_FixPower, OnOff{});
+    v("PreAmp", m_PreAmp, OnOff{});
+    v("Ste", m_Ste, OnOff{});
+    v("T99", m_T99, OnOff{});
+    v("T99Table", m_T99Table, WordsOf(conv_channel_words::kT99TableWords));
+    v("Vantor", m_Vantor, OnOff{});
+    v("VantorSte", m_VantorSte, OnOff{});
+    v("VantorCg", m_VantorCg, OnOff{});
+    v("VantorSend", m_VantorSend, WordsOf(conv_channel_words::kVantorSendWords));
+    v("T99SuperGrp", m_T99SuperGrp, OnOff{});
+    v("T99Grp", m_T99Grp, OnOff{});
+    v("T99QuickCall", m_T99QuickCall, OnOff{});
+    v("T99Indv", m_T99Indv, OnOff{});
+    v("Os", m_Os, OnOff{});
     v("OscShift", m_OscShift);
-    v("KwKey", m_KwKey);
+    v("KwKey", m_KwKey, WordsOf(conv_channel_words::kVoiceModeWords));
     v("T99WithCg", m_T99WithCg);
-    v("BandWidth", m_BandWidth);
-    v("ToneEncode", m_ToneEncode);
+    v("BandWidth", m_BandWidth, WordsOf(conv_channel_words::kBandWidthWords));
+    v("ToneEncode", m_ToneEncode, OnOff{});
     v("CtrlUnitOscShift", m_CtrlUnitOscShift, Since{3});
-    v("Dtmf", m_Dtmf, Since{3});
-    v("MultiTone", m_MultiTone, Since{3});
-    v("MessType", m_MessType, Since{3});
-    v("ICall", m_ICall, Since{3});
-    v("GroupCall", m_GroupCall, Since{3});
-    v("AllCall", m_AllCall, Since{3});
-    v("InterCall", m_InterCall, Since{3});
-    v("RadioDis", m_RadioDis, Since{3});
-    v("RadioEn", m_RadioEn, Since{3});
-    v("ResetCall", m_ResetCall, Since{3});
-    v("Repeater", m_Repeater, Since{3});
+    v("Dtmf", m_Dtmf, Since{3}, OnOff{});
+    v("MultiTone", m_MultiTone, Since{3}, OnOff{});
+    v("MessType", m_MessType, Since{3}, WordsOf(conv_channel_words::kMessTypeWords));
+    v("ICall", m_ICall, Since{3}, WordsOf(conv_channel_words::kICallWords));
+    v("GroupCall", m_GroupCall, Since{3}, OnOff{});
+    v("AllCall", m_AllCall, Since{3}, OnOff{});
+    v("InterCall", m_InterCall, Since{3}, OnOff{});
+    v("RadioDis", m_RadioDis, Since{3}, OnOff{});
+    v("RadioEn", m_RadioEn, Since{3}, OnOff{});
+    v("ResetCall", m_ResetCall, Since{3}, OnOff{});
+    v("Repeater", m_Repeater, Since{3}, OnOff{});
     v("TxInvDcg", m_TxInvDcg, Since{3});
-    v("RxInvDcg", m_RxInvDcg, Since{3});
-    v("TxOs", m_TxOs, Since{4});
+    v("RxInvDcg", m_RxInvDcg, Since{3}, OnOff{});
+    v("TxOs", m_TxOs, Since{4}, OnOff{});
     v("SteRx", m_SteRx, Since{5});
     v("SignallingOrCG", m_SignallingOrCG, Since{6});
-    v("T99AndRxCg", m_T99AndRxCg, Since{7});
+    v("T99AndRxCg", m_T99AndRxCg, Since{7}, OnOff{});
     v("TxOscShift", m_TxOscShift, Since{7});
     v("RxOscShift", m_RxOscShift, Since{7});
-    v("UsaPower", m_UsaPower, Since{7});
+    v("UsaPower", m_UsaPower, Since{7}, WordsOf(conv_channel_words::kUsaPowerWords));
     v("EuroPower", m_EuroPower, Since{7});
-    v("CgBusyLockout", m_CgBusyLockout, Since{7});
-    v("2ndLoInj", m_2ndLoInj, Since{7});
+    v("CgBusyLockout", m_CgBusyLockout, Since{7}, WordsOf(conv_channel_words::kLowHighWords));
+    v("2ndLoInj", m_2ndLoInj, Since{7}, WordsOf(conv_channel_words::kLoInjectionWords));
     v("Squelch", m_Squelch, Since{7});
-    v("Npspac", m_Npspac, Since{8});
-    v("DataEnable", m_DataEnable, Since{9});
+    v("Npspac", m_Npspac, Since{8}, OnOff{});
+    v("DataEnable", m_DataEnable, Since{9}, OnOff{});
     v("CgSel", m_CgSel, Since{10});
     v("Talkaround", m_Talkaround, Since{10});
   }

@@ -13,10 +13,7 @@ IMPLEMENT_SERIAL(CP25ConvSet, CSet, 1)
 
 namespace {
 
-const char* const kSqModeWords[] = {"NORM", "SEL", "MON"};
-const char* const kBandWidthWords[] = {"Wide", "Narrow", "C4FM"};
-const char* const kVoiceModeWords[] = {"Analog", "P25"};
-const char* const kPowerWords[] = {"Low", "High", "Auto"};
+using namespace p25_conv_channel_words;
 
 void PrintChannel(CStringArray& out, int n, const CP25ConvChannel& c) {
   out.Add(CString::Formatted("            Ch %2d %-12s", n, c.GetName().c_str()));

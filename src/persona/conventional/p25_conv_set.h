@@ -14,6 +14,15 @@
 
 namespace persona {
 
+// The report words of the coded fields of CP25ConvChannel (a code indexes its list); the report
+// lines and the field descriptions share them.
+namespace p25_conv_channel_words {
+inline constexpr const char* const kBandWidthWords[] = {"Wide", "Narrow", "C4FM"};
+inline constexpr const char* const kPowerWords[] = {"Low", "High", "Auto"};
+inline constexpr const char* const kSqModeWords[] = {"NORM", "SEL", "MON"};
+inline constexpr const char* const kVoiceModeWords[] = {"Analog", "P25"};
+}  // namespace p25_conv_channel_words
+
 class PERSONA_EXPORT CP25ConvChannel : public CObject {
   DECLARE_SERIAL(CP25ConvChannel)
  public:
@@ -99,19 +108,19 @@ class PERSONA_EXPORT CP25ConvChannel : public CObject {
     v("Tgid", m_Tgid);
     v("TxNac", m_TxNac, Hex{});
     v("RxNac", m_RxNac, Hex{});
-    v("Ste", m_Ste);
-    v("Backlight", m_Backlight);
-    v("Scan", m_Scan);
-    v("CCT", m_CCT);
-    v("TxBusy", m_TxBusy);
+    v("Ste", m_Ste, OnOff{});
+    v("Backlight", m_Backlight, OnOff{});
+    v("Scan", m_Scan, OnOff{});
+    v("CCT", m_CCT, OnOff{});
+    v("TxBusy", m_TxBusy, OnOff{});
     v("Emer", m_Emer);
-    v("AlertTone", m_AlertTone);
-    v("FixPower", m_FixPower);
-    v("BandWidth", m_BandWidth);
-    v("SqMode", m_SqMode);
-    v("VoiceMode", m_VoiceMode);
-    v("Power", m_Power);
-    v("PreAmp", m_PreAmp, Since{2});
+    v("AlertTone", m_AlertTone, OnOff{});
+    v("FixPower", m_FixPower, OnOff{});
+    v("BandWidth", m_BandWidth, WordsOf(p25_conv_channel_words::kBandWidthWords));
+    v("SqMode", m_SqMode, WordsOf(p25_conv_channel_words::kSqModeWords));
+    v("VoiceMode", m_VoiceMode, WordsOf(p25_conv_channel_words::kVoiceModeWords));
+    v("Power", m_Power, WordsOf(p25_conv_channel_words::kPowerWords));
+    v("PreAmp", m_PreAmp, Since{2}, OnOff{});
     v("CgSel", m_CgSel, Since{3});
     v("Talkaround", m_Talkaround, Since{3});
   }

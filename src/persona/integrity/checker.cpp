@@ -2,6 +2,7 @@
 #include <persona/integrity/checker.h>
 
 #include <cstdio>
+#include <functional>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -13,9 +14,11 @@
 #include <persona/integrity/record_path.h>
 #include <persona/integrity/set_use.h>
 #include <persona/options/p25_wan_opts.h>
+#include <persona/personality/radio_models.h>
 #include <persona/systems/esk_key_list.h>
 #include <persona/systems/system.h>
 #include <persona/systems/trunk_set.h>
+#include <persona/systems/trunk_system.h>
 
 namespace persona {
 
@@ -60,12 +63,46 @@ std::string Upper(const CString& name) {
   return copy.MakeUpper().str();
 }
 
+// "the <model> (radio type <n>)", or "radio type <n>" for a code outside the catalogue.
+std::string ModelText(WORD radio) {
+  const RadioModel* model = FindRadioModel(radio);
+  const std::string code = "radio type " + std::to_string(radio);
+  return model == nullptr ? code : std::string("the ") + model->displayName + " (" + code + ")";
+}
+
+// Codes as a list with runs of consecutive codes joined: "65-67, 85, 86".
+std::string CodeRuns(const std::vector<DWORD>& codes) {
+  std::string out;
+  for (std::size_t i = 0; i < codes.size();) {
+    std::size_t j = i;
+    while (j + 1 < codes.size() && codes[j + 1] == codes[j] + 1) ++j;
+    out += (out.empty() ? "" : ", ") + std::to_string(codes[i]);
+    if (j > i) out += (j == i + 1 ? ", " : "-") + std::to_string(codes[j]);
+    i = j + 1;
+  }
+  return out;
+}
+
+// The catalogue's radio types for which takes() holds, said the short way: the list of those
+// that take it, or the few that do not.
+std::string Takers(const std::function<bool(WORD)>& takes, const char* what = "it") {
+  std::size_t count = 0;
+  const RadioModel* rows = RadioModelCatalogue(&count);
+  std::vector<DWORD> yes, no;
+  for (std::size_t i = 0; i < count; ++i) {
+    (takes(static_cast<WORD>(rows[i].radioType)) ? yes : no).push_back(rows[i].radioType);
+  }
+  if (yes.empty()) return std::string("no radio type takes ") + what;
+  if (no.size() < yes.size()) return "every radio type but " + CodeRuns(no) + " takes " + what;
+  return "radio types " + CodeRuns(yes) + " take " + what;
+}
+
 class Checker {
  public:
   // The name references are collected as writable slots (rename and delete use the same
   // collector); the checker only reads them.
   explicit Checker(const CPersonality& p)
-      : m_p(p), m_refs(CollectNameRefs(const_cast<CPersonality&>(p))) {}
+      : m_p(p), m_radio(p.GetLastRadio()), m_refs(CollectNameRefs(const_cast<CPersonality&>(p))) {}
 
   std::vector<Finding> Run() {
     CollectWans();
@@ -73,6 +110,7 @@ class Checker {
     for (int type = 0; type < kNumSetTypes; ++type) CheckList(static_cast<SetType>(type));
     CheckKeys();
     CheckSystemKinds();
+    CheckWanRecord();
     return std::move(m_findings);
   }
 
@@ -174,6 +212,15 @@ class Checker {
       if (type == TrunkSetType) CheckFrequencies<CTrunkChannel>(path, *set, true);
       if (type == ConvSetType) CheckFrequencies<CConvChannel>(path, *set, false);
       if (type == P25ConvSetType) CheckFrequencies<CP25ConvChannel>(path, *set, true);
+      if (type == ConvSetType && !RadioTypeSupportsSystemKind(m_radio, ConvSystemType)) {
+        Add("SET_UNSUPPORTED", Finding::Warning, path,
+            "conv set " + set->Name().str() + " is a conventional channel set, which " +
+                ModelText(m_radio) + " does not take, as it takes no " +
+                SystemKindLabel(ConvSystemType) + " system; " +
+                Takers([](WORD r) { return RadioTypeSupportsSystemKind(r, ConvSystemType); }) +
+                " (prune removes every conventional set)");
+        continue;
+      }
       if (added && m_usedSets.count(set) == 0) {
         Add("SET_UNUSED", Finding::Info, path, "is not used by any system, set or option");
       }
@@ -228,8 +275,13 @@ class Checker {
     }
   }
 
-  // Systems that use a set with a key list need their key in it.
+  // Systems that use a set with a key list need their key in it; a model without key lists
+  // takes no key at all (reported once, at the system).
   void CheckKeys() {
+    if (!IsKeyedRadioType(m_radio)) {
+      for (int i = 0; i < m_p.GetNumSystems(); ++i) CheckKeyTaken(m_p.GetSystemAt(i));
+      return;
+    }
     for (const NameRef& ref : m_refs) {
       if (ref.kind != RefKind::Set || ref.set == nullptr) continue;
       const auto* system = dynamic_cast<const CSystem*>(ref.record);
@@ -243,8 +295,23 @@ class Checker {
     }
   }
 
+  // The key lists of the sets hold the keys of the trunked and extended-addressing systems, and
+  // only for the models that have key lists.
+  void CheckKeyTaken(const CSystem* system) {
+    if (system == nullptr || system->GetESK() == 0) return;
+    const int kind = system->GetSysType();
+    if (kind != TrunkedSystemType && kind != EaSystemType) return;
+    if (!RadioTypeSupportsSystemKind(m_radio, kind)) return;  // the system itself is reported
+    Add("KEY_UNSUPPORTED", Finding::Warning,
+        SystemPath(*system) +
+            (dynamic_cast<const CTrunkSystem*>(system) != nullptr ? "/TrunkESK" : "/ESK"),
+        "system " + system->Name().str() + " has security key " + Quoted(system->GetEskName()) +
+            " (" + std::to_string(system->GetESK()) + "), which " + ModelText(m_radio) +
+            " does not take: its sets get no key list (key 0 is none); " +
+            Takers([](WORD r) { return IsKeyedRadioType(r); }, "keys"));
+  }
+
   void CheckSystemKinds() {
-    const WORD radio = m_p.GetLastRadio();
     for (int i = 0; i < m_p.GetNumSystems(); ++i) {
       const CSystem* system = m_p.GetSystemAt(i);
       const CObject* record = m_p.GetSystemRecordAt(i);
@@ -253,13 +320,35 @@ class Checker {
             std::string("is a ") + record->GetClassName() +
                 " record, not a system; nothing can name it");
       }
-      if (system == nullptr || RadioTypeSupportsSystemKind(radio, system->GetSysType())) continue;
+      if (system == nullptr) continue;
+      const int kind = system->GetSysType();
+      if (RadioTypeSupportsSystemKind(m_radio, kind)) continue;
       Add("SYSTEM_UNSUPPORTED", Finding::Warning, SystemPath(*system),
-          "is a kind of system that radio type " + std::to_string(radio) + " cannot use");
+          "system " + system->Name().str() + " is a " + SystemKindLabel(kind) + " system, which " +
+              ModelText(m_radio) + " does not take; " +
+              Takers([kind](WORD r) { return RadioTypeSupportsSystemKind(r, kind); }) +
+              " (prune removes it)");
     }
   }
 
+  // The wide-area networks serve P25 trunked systems only; pruning deletes the record for the
+  // other models. An empty record is left alone.
+  void CheckWanRecord() {
+    const auto* wans = m_p.GetOption<CP25tWanOpts>();
+    if (wans == nullptr || wans->GetNumWans() == 0 ||
+        RadioTypeSupportsSystemKind(m_radio, P25TrkSystemType)) {
+      return;
+    }
+    Add("OPTION_UNSUPPORTED", Finding::Warning, OptionPath(*wans),
+        "holds " + std::to_string(wans->GetNumWans()) + " P25 wide-area network(s), which " +
+            ModelText(m_radio) + " does not take, as it takes no " +
+            SystemKindLabel(P25TrkSystemType) + " system; " +
+            Takers([](WORD r) { return RadioTypeSupportsSystemKind(r, P25TrkSystemType); }) +
+            " (prune deletes the record)");
+  }
+
   const CPersonality& m_p;
+  const WORD m_radio;  // the model the rules are checked for: the last radio
   std::vector<NameRef> m_refs;
   std::vector<Finding> m_findings;
   std::unordered_set<std::string> m_wans;

@@ -25,8 +25,16 @@
 //   SET_NAME_DUPLICATE   warning  a set's name equals, ignoring case, an earlier set's of the
 //                                 same list (lookups only ever find the first)
 //   SET_UNUSED           info     no record names the set
-//   SYSTEM_UNSUPPORTED   warning  the personality's last radio type cannot use the system's
-//                                 kind (pruning would remove it)
+// The rules of the model are those of its radio type (the personality's last radio), as pruning
+// and the key lists apply them; a message names the model and the radio types that would do:
+//   SYSTEM_UNSUPPORTED   warning  the model takes no system of this kind (pruning removes it)
+//   SET_UNSUPPORTED      warning  a conventional set of a model that takes no conventional
+//                                 system (pruning removes every conventional set)
+//   OPTION_UNSUPPORTED   warning  CP25tWanOpts holds networks, and the model takes no P25
+//                                 trunked system (pruning deletes the record)
+//   KEY_UNSUPPORTED      warning  a trunked or extended-addressing system has a security key,
+//                                 and the model has no key lists (its sets get none); such a
+//                                 model reports no KEY_MISSING
 //   RECORD_MISPLACED     warning  a record of a class that its place does not use: a record
 //                                 that is not a system in the system list ("systems/#<n>"), not
 //                                 a set in a set list ("sets/<list>/#<n>"), a set of another
@@ -54,8 +62,8 @@ struct PERSONA_EXPORT Finding {
 };
 
 // The findings for p: the name references (systems, sets, options), then the sets list by list,
-// the key lists, the system kinds; empty for a consistent personality. p is not changed (it is
-// visited through its field descriptions).
+// the key lists, the system kinds, the WAN record; empty for a consistent personality. p is not
+// changed (it is visited through its field descriptions).
 PERSONA_EXPORT std::vector<Finding> CheckPersonality(const CPersonality& p);
 
 }  // namespace persona

@@ -282,7 +282,7 @@ class FieldOp : public CFieldVisitor {
   template <class T>
   std::string IntegerText(const FieldInfo& f, T v) const {
     if (m_words && f.words != nullptr) return WordOf(*f.words, static_cast<unsigned>(v));
-    if (m_words && f.onOff) return v ? "On" : "Off";
+    if (m_words && f.onOff && (v == 0 || v == 1)) return v ? "On" : "Off";  // else the number
     if (m_words && f.hex) {
       char buf[24];
       const auto r = std::to_chars(

@@ -7,8 +7,8 @@
 #include <set>
 
 #include <persona/options/option_report.h>
+#include <persona/personality/radio_models.h>
 #include <persona/report/personality_report.h>
-#include <persona/report/radio_models.h>
 #include <persona/report/record_lines.h>
 #include <persona/systems/system.h>
 

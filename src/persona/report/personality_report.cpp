@@ -51,7 +51,7 @@
 #include <persona/options/tone_encode.h>
 #include <persona/options/vantor_opts.h>
 #include <persona/options/zemo_opts.h>
-#include <persona/report/radio_models.h>
+#include <persona/personality/radio_models.h>
 #include <persona/report/record_lines.h>
 #include <persona/systems/ext_add_group_set.h>
 #include <persona/systems/group_set.h>

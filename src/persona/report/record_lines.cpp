@@ -122,14 +122,6 @@ class LineCollector : public CFieldVisitor {
 
 }  // namespace
 
-std::string SystemKindLabel(unsigned type) {
-  static const char* const kLabels[] = {"Korvex",    "Conventional",
-                                        "Pellam",    "Project 25 Conventional",
-                                        "KORVEX IP", "Project 25 Trunked"};
-  if (type < sizeof kLabels / sizeof kLabels[0]) return kLabels[type];
-  return "Unknown (" + std::to_string(type) + ")";
-}
-
 std::vector<FieldLine> CollectFieldLines(CObject& rec, const FieldLabel* labels,
                                          std::size_t count) {
   std::vector<FieldLine> lines;

@@ -13,6 +13,7 @@
 
 #include <persona/framework/collections.h>
 #include <persona/framework/object.h>
+#include <persona/systems/system.h>  // SystemKindLabel
 
 namespace persona {
 
@@ -38,9 +39,6 @@ struct PERSONA_EXPORT FieldLine {
   std::string value;
   bool wide;  // text and lists: a line of its own; numbers go two per line
 };
-
-// The report label of a system kind ("Korvex", "Conventional", ...), or "Unknown (<n>)".
-PERSONA_EXPORT std::string SystemKindLabel(unsigned type);
 
 // The printed fields of rec in field order, labelled through labels (count entries). Owned
 // sub-records are printed field by field with the list name and position in the label.

@@ -11,9 +11,7 @@ IMPLEMENT_SERIAL(CGroupSet, CSet, VERSIONABLE_SCHEMA | 3)
 
 namespace {
 
-const char* const kVoiceModeWords[] = {"Analog", "Key 1", "Key 2", "Key 3",      "Key 4",
-                                       "Key 5",  "Key 6", "Key 7", "Unencrypted"};
-const char* const kCallTimeWords[] = {"0", "5", "10", "15"};
+using namespace group_words;
 
 }  // namespace
 

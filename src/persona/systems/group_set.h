@@ -15,6 +15,14 @@
 
 namespace persona {
 
+// The report words of the coded fields of CGroup (a code indexes its list); the report
+// lines and the field descriptions share them.
+namespace group_words {
+inline constexpr const char* const kCallTimeWords[] = {"0", "5", "10", "15"};
+inline constexpr const char* const kVoiceModeWords[] = {
+    "Analog", "Key 1", "Key 2", "Key 3", "Key 4", "Key 5", "Key 6", "Key 7", "Unencrypted"};
+}  // namespace group_words
+
 class PERSONA_EXPORT CGroup : public CObject {
   DECLARE_SERIAL(CGroup)
  public:
@@ -69,15 +77,15 @@ class PERSONA_EXPORT CGroup : public CObject {
   PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Name", m_Name);
     v("GrpId", m_GrpId);
-    v("Tx", m_Tx);
-    v("Rx", m_Rx);
-    v("Calls", m_Calls);
-    v("Alert", m_Alert);
-    v("WideArea", m_WideArea);
-    v("Scan", m_Scan);
-    v("Backlight", m_Backlight);
-    v("KwKey", m_KwKey);
-    v("CallTime", m_CallTime);
+    v("Tx", m_Tx, OnOff{});
+    v("Rx", m_Rx, OnOff{});
+    v("Calls", m_Calls, OnOff{});
+    v("Alert", m_Alert, OnOff{});
+    v("WideArea", m_WideArea, OnOff{});
+    v("Scan", m_Scan, OnOff{});
+    v("Backlight", m_Backlight, OnOff{});
+    v("KwKey", m_KwKey, WordsOf(group_words::kVoiceModeWords));
+    v("CallTime", m_CallTime, WordsOf(group_words::kCallTimeWords));
   }
   PERSONA_FIELDS(CObject)
 

@@ -12,7 +12,7 @@ IMPLEMENT_SERIAL(CP25GroupSet, CSet, VERSIONABLE_SCHEMA | 4)
 
 namespace {
 
-const char* const kEncTypeWords[] = {"Voice Only", "Voice & Data"};
+using namespace p25_group_words;
 
 }  // namespace
 

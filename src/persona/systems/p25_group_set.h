@@ -13,6 +13,12 @@
 
 namespace persona {
 
+// The report words of the coded fields of CP25Group (a code indexes its list); the report
+// lines and the field descriptions share them.
+namespace p25_group_words {
+inline constexpr const char* const kEncTypeWords[] = {"Voice Only", "Voice & Data"};
+}  // namespace p25_group_words
+
 class PERSONA_EXPORT CP25Group : public CObject {
   DECLARE_SERIAL(CP25Group)
  public:
@@ -70,10 +76,10 @@ class PERSONA_EXPORT CP25Group : public CObject {
     v("Name", m_Name);
     v("GrpId", m_GrpId);
     v("EncryptMode", m_EncryptMode);
-    v("Encrypt", m_Encrypt, Since{2});
-    v("EncType", m_EncType, Since{2});
+    v("Encrypt", m_Encrypt, Since{2}, OnOff{});
+    v("EncType", m_EncType, Since{2}, WordsOf(p25_group_words::kEncTypeWords));
     v("KeyId", m_KeyId, Since{2});
-    v("Suppress", m_Suppress, Since{2});
+    v("Suppress", m_Suppress, Since{2}, OnOff{});
     v("Sf", m_Sf, Since{3});
     v("Tx", m_Tx, Since{4});
     v("Rx", m_Rx, Since{4});

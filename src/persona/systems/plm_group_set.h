@@ -53,11 +53,11 @@ class PERSONA_EXPORT CPlmGroup : public CObject {
   PERSONA_ALWAYS_INLINE void Fields(V& v) {
     v("Name", m_Name);
     v("Tone", m_Tone);
-    v("FastBusy", m_FastBusy);
-    v("ExtAlarm", m_ExtAlarm);
-    v("TxDis", m_TxDis);
-    v("RxDis", m_RxDis);
-    v("Backlight", m_Backlight);
+    v("FastBusy", m_FastBusy, OnOff{});
+    v("ExtAlarm", m_ExtAlarm, OnOff{});
+    v("TxDis", m_TxDis, OnOff{});
+    v("RxDis", m_RxDis, OnOff{});
+    v("Backlight", m_Backlight, OnOff{});
   }
   PERSONA_FIELDS(CObject)
 

@@ -74,4 +74,12 @@ void DeleteAt(CStringArray& list, int i) { list.RemoveAt(i); }
 
 }  // namespace scan_list
 
+std::string SystemKindLabel(unsigned type) {
+  static const char* const kLabels[] = {"Korvex",    "Conventional",
+                                        "Pellam",    "Project 25 Conventional",
+                                        "KORVEX IP", "Project 25 Trunked"};
+  if (type < sizeof kLabels / sizeof kLabels[0]) return kLabels[type];
+  return "Unknown (" + std::to_string(type) + ")";
+}
+
 }  // namespace persona

@@ -8,6 +8,7 @@
 #include <persona/export.h>
 
 #include <cstdint>
+#include <string>
 
 #include <persona/core/serial.h>
 #include <persona/core/set_types.h>
@@ -54,6 +55,10 @@ PERSONA_EXPORT void SetAt(CStringArray& list, const CString& name, int i);
 // Removes the entry at i; i outside the list raises CInvalidArgException.
 PERSONA_EXPORT void DeleteAt(CStringArray& list, int i);
 }  // namespace scan_list
+
+// The report label of a system kind ("Korvex", "Conventional", ...), or "Unknown (<n>)" for a
+// type byte that is no kind.
+PERSONA_EXPORT std::string SystemKindLabel(unsigned type);
 
 class PERSONA_EXPORT CSystem : public CSerial {
   DECLARE_SERIAL(CSystem)

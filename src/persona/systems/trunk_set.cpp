@@ -13,11 +13,10 @@ IMPLEMENT_SERIAL(CTrunkSet, CSet, VERSIONABLE_SCHEMA | 3)
 
 namespace {
 
+using namespace trunk_channel_words;
+
 using set_helpers::IsOneOf;
 
-// Channel types, followed by the control-channel limit labels that a Type of 3 to 6 reaches.
-const char* const kChannelTypeWords[] = {"Normal",  "Encode",   "Decode",  "All",
-                                         "First 5", "First 10", "First 15"};
 const char* const kCCLimitWords[] = {"All", "First 5", "First 10", "First 15"};
 const char* const kBandWidthWords[] = {"Wide", "Narrow"};
 const char* const kBaudWords[] = {"4800", "9600"};

@@ -15,6 +15,15 @@
 
 namespace persona {
 
+// The report words of the coded fields of CTrunkChannel (a code indexes its list); the report
+// lines and the field descriptions share them.
+namespace trunk_channel_words {
+// Channel types 0 to 2, followed by the control-channel limit labels that a Type of 3 to 6
+// reaches in the report.
+inline constexpr const char* const kChannelTypeWords[] = {"Normal",  "Encode",   "Decode",  "All",
+                                                          "First 5", "First 10", "First 15"};
+}  // namespace trunk_channel_words
+
 class PERSONA_EXPORT CTrunkChannel : public CObject {
   DECLARE_SERIAL(CTrunkChannel)
  public:
@@ -58,10 +67,10 @@ class PERSONA_EXPORT CTrunkChannel : public CObject {
     v("TxFreq", m_TxFreq);
     v("RxFreq", m_RxFreq);
     v("OscShift", m_OscShift);
-    v("OsOpt", m_OsOpt);
-    v("Type", m_Type);
+    v("OsOpt", m_OsOpt, OnOff{});
+    v("Type", m_Type, WordsOf(trunk_channel_words::kChannelTypeWords));
     v("4800Baud", m_4800Baud, Since{2});
-    v("Npspac", m_Npspac, Since{3});
+    v("Npspac", m_Npspac, Since{3}, OnOff{});
   }
   PERSONA_FIELDS(CObject)
 

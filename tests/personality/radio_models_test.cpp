@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include <persona/report/radio_models.h>
+#include <persona/personality/radio_models.h>
 
 namespace persona {
 namespace {

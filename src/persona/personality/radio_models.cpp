@@ -1,5 +1,5 @@
 // Rows of the radio model catalogue.
-#include <persona/report/radio_models.h>
+#include <persona/personality/radio_models.h>
 
 #include <algorithm>
 #include <iterator>
