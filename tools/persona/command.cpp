@@ -159,7 +159,9 @@ void WriteText(const std::string& path, const std::string& text) {
   try {
     AtomicWriteOptions options;
     options.keepBackup = Outputs().textBackup;
-    WriteFileAtomically(path, std::vector<BYTE>(text.begin(), text.end()), options);
+    AtomicFileWriter file(path, options);
+    file.Write(reinterpret_cast<const BYTE*>(text.data()), text.size());
+    file.Commit();
   } catch (const CException& e) {
     throw OutputError(e.what());
   }
