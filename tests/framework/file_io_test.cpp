@@ -107,6 +107,42 @@ TEST(FileIo, AFailedWriteLeavesTheOriginalUntouched) {
   }
 }
 
+// Block by block: nothing is visible at the target before Commit; a writer dropped without
+// Commit, or failing part-way, leaves the original and no temporary file; after Commit the
+// file holds every block in order and the replaced one is the backup.
+TEST(FileIo, StreamedWritesCommitOrLeaveTheOriginal) {
+  const std::string dir = FreshDir("streamed");
+  const std::string path = dir + "/report.txt";
+  const std::vector<BYTE> original{9, 9};
+  WriteFileAtomically(path, original);
+  const std::vector<BYTE> block(70000, 0x5A);
+  {
+    AtomicFileWriter dropped(path);
+    dropped.Write(block.data(), block.size());
+    EXPECT_EQ(ReadWholeFile(path), original);
+    EXPECT_EQ(Entries(dir).size(), 2u);
+  }
+  EXPECT_EQ(Entries(dir), std::vector<std::string>{"report.txt"});
+  AtomicWriteOptions faulty;
+  faulty.openTemp = [](const std::string& temp) -> std::unique_ptr<CFile> {
+    return std::make_unique<FaultyFile>(temp, 100000, false);
+  };
+  AtomicFileWriter failing(path, faulty);
+  failing.Write(block.data(), block.size());
+  EXPECT_THROW(failing.Write(block.data(), block.size()), CFileException);
+  EXPECT_THROW(failing.Commit(), CFileException);
+  failing = AtomicFileWriter(path, {true, nullptr});
+  EXPECT_EQ(Entries(dir).size(), 2u);
+  EXPECT_EQ(ReadWholeFile(path), original);
+  for (BYTE b : {1, 2, 3}) failing.Write(&b, 1);
+  failing.Commit();
+  failing.Commit();
+  EXPECT_THROW(failing.Write(block.data(), 1), CFileException);
+  EXPECT_EQ(ReadWholeFile(path), (std::vector<BYTE>{1, 2, 3}));
+  EXPECT_EQ(ReadWholeFile(path + ".bak"), original);
+  EXPECT_EQ(Entries(dir), (std::vector<std::string>{"report.txt", "report.txt.bak"}));
+}
+
 // The message of the CFileException that f raises ("" when it raises none).
 template <class F>
 std::string FailureOf(F f) {

@@ -104,19 +104,45 @@ LoadedPersonality LoadInput(const std::string& path) {
   }
 }
 
+namespace {
+
+// The personality of the JSON document in the regular file at path, parsed as it is read from
+// the disk (never held whole); null when path is not a regular file within the size limit or
+// does not start as a JSON document, for LoadJsonInput to read it whole and say what it is.
+std::unique_ptr<CPersonality> ReadJsonFileStreamed(const std::string& path) {
+  struct stat st;
+  if (::stat(path.c_str(), &st) != 0 || !S_ISREG(st.st_mode) ||
+      static_cast<unsigned long long>(st.st_size) > kMaxFileSize) {
+    return nullptr;
+  }
+  BYTE head[4096];
+  std::size_t got = 0;
+  if (std::FILE* file = std::fopen(path.c_str(), "rb")) {
+    got = std::fread(head, 1, sizeof head, file);
+    std::fclose(file);
+  }
+  if (SniffFileKind(head, got) != FileKind::Json) return nullptr;
+  return ReadPersonalityJsonFile(path);
+}
+
+}  // namespace
+
 std::unique_ptr<CPersonality> LoadJsonInput(const std::string& path) {
-  const std::vector<BYTE> bytes = ReadInput(path);
   const std::string name = FileDisplayName(path, false);
-  const FileKind kind = SniffFileKind(bytes.data(), bytes.size());
-  if (kind == FileKind::Personality) {
-    throw InputError(name +
-                     ": this is a personality file, not a JSON document; use persona "
-                     "export to make its JSON document");
-  }
-  if (kind == FileKind::SetFile) {
-    throw InputError(name + ": this is a global set file, not a JSON document");
-  }
   try {
+    if (path != kStandardStreamName) {
+      if (std::unique_ptr<CPersonality> streamed = ReadJsonFileStreamed(path)) return streamed;
+    }
+    const std::vector<BYTE> bytes = ReadInput(path);
+    const FileKind kind = SniffFileKind(bytes.data(), bytes.size());
+    if (kind == FileKind::Personality) {
+      throw InputError(name +
+                       ": this is a personality file, not a JSON document; use persona "
+                       "export to make its JSON document");
+    }
+    if (kind == FileKind::SetFile) {
+      throw InputError(name + ": this is a global set file, not a JSON document");
+    }
     // Records straight from the parser's events; any other form or a fault is read whole.
     std::unique_ptr<CPersonality> streamed =
         StreamPersonalityJson(reinterpret_cast<const char*>(bytes.data()), bytes.size());
@@ -159,7 +185,9 @@ void WriteText(const std::string& path, const std::string& text) {
   try {
     AtomicWriteOptions options;
     options.keepBackup = Outputs().textBackup;
-    WriteFileAtomically(path, std::vector<BYTE>(text.begin(), text.end()), options);
+    AtomicFileWriter file(path, options);
+    file.Write(reinterpret_cast<const BYTE*>(text.data()), text.size());
+    file.Commit();
   } catch (const CException& e) {
     throw OutputError(e.what());
   }

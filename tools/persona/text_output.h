@@ -1,6 +1,7 @@
-// Text output of the commands that write documents (the report, the JSON export): standard
-// output is written as the text is produced, through a buffer; a file gets the text at
-// Commit(), written atomically by WriteText (its backup and replacement rules).
+// Text output of the commands that write documents (the report, the JSON export): the text is
+// written as it is produced, through a buffer, to standard output or to a file written
+// atomically (a temporary file put in place at Commit(), with WriteText's backup rules), so
+// that no document is ever held whole in memory.
 #pragma once
 
 #include <cstddef>
@@ -8,11 +9,14 @@
 #include <string>
 #include <string_view>
 
+#include <persona/framework/file_io.h>
+
 namespace persona::cli {
 
 class TextOutput {
  public:
-  // Output to path, or to standard output when path is empty or "-". Throws nothing.
+  // Output to path, or to standard output when path is empty or "-". Throws OutputError when
+  // path cannot be written (a missing folder, a folder, no permission, ...).
   explicit TextOutput(const std::string& path);
   TextOutput(const TextOutput&) = delete;
   TextOutput& operator=(const TextOutput&) = delete;
@@ -32,8 +36,7 @@ class TextOutput {
   void Drain();
 
   std::string m_buffer;
-  std::string m_path;
-  bool m_toFile = false;
+  std::unique_ptr<AtomicFileWriter> m_file;  // null for standard output
 };
 
 }  // namespace persona::cli

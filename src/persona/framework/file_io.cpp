@@ -284,57 +284,15 @@ void KeepBackup(const Target& t, const std::string& folder) {
   }
 }
 
-// Writes a character device or a FIFO in place: it is never replaced.
-void WriteInPlace(const Target& t, const std::vector<BYTE>& bytes, const std::string& name) {
+// Opens a character device or a FIFO to be written in place (it is never replaced) into fd.
+void OpenInPlace(const Target& t, const std::string& name, Descriptor& fd) {
   const bool fifo = S_ISFIFO(t.st.st_mode);
-  Descriptor fd(::open(t.path.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC | (fifo ? O_NONBLOCK : 0)));
+  fd.Reset(::open(t.path.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC | (fifo ? O_NONBLOCK : 0)));
   if (fd.Get() < 0 && fifo && errno == ENXIO) {
     throw Refused(name, "write", "it is a FIFO (named pipe) that nothing reads");
   }
   if (fd.Get() < 0) throw CFileException::FromErrno(name, errno, "open");
   if (fifo) ::fcntl(fd.Get(), F_SETFL, ::fcntl(fd.Get(), F_GETFL) & ~O_NONBLOCK);
-  WriteAll(fd.Get(), bytes.data(), bytes.size(), name);
-  SyncDescriptor(fd.Get(), name);
-  if (!fd.Close()) throw CFileException::FromErrno(name, errno, "close");
-}
-
-// Writes the temporary file through a CFile (the test hook's or a plain one).
-void WriteTemp(const std::string& temp, const std::vector<BYTE>& bytes,
-               const AtomicWriteOptions& options) {
-  std::unique_ptr<CFile> file =
-      options.openTemp ? options.openTemp(temp) : std::make_unique<CFile>(temp, CFile::modeWrite);
-  std::size_t done = 0;
-  while (done < bytes.size()) {
-    const UINT chunk = static_cast<UINT>(std::min(bytes.size() - done, kChunk));
-    file->Write(bytes.data() + done, chunk);
-    done += chunk;
-  }
-  file->Flush();
-  file->Close();
-}
-
-void ReplaceFile(const Target& t, const std::vector<BYTE>& bytes, const AtomicWriteOptions& options,
-                 const std::string& name) {
-  const std::string folder = FolderOf(t.path);
-  Descriptor fd;
-  const std::string temp = CreateTemp(folder, name, fd);
-  try {
-    if (t.exists) KeepOwnerAndMode(fd.Get(), t.st, name);
-    if (!fd.Close()) throw CFileException::FromErrno(name, errno, "write");
-    try {
-      WriteTemp(temp, bytes, options);
-    } catch (const CFileException& e) {
-      throw e.WithFileName(name);
-    }
-    if (options.keepBackup && t.exists) KeepBackup(t, folder);
-    if (std::rename(temp.c_str(), t.path.c_str()) != 0) {
-      throw CFileException::FromErrno(name, errno, "replace");
-    }
-  } catch (...) {
-    ::unlink(temp.c_str());
-    throw;
-  }
-  SyncFolder(folder);
 }
 
 }  // namespace
@@ -360,23 +318,127 @@ std::vector<BYTE> ReadWholeFile(const std::string& path) {
   return ReadToEnd(fd.Get(), name, static_cast<std::size_t>(size));
 }
 
-void WriteFileAtomically(const std::string& path, const std::vector<BYTE>& bytes,
-                         const AtomicWriteOptions& options) {
-  const std::string name = FileDisplayName(path, true);
-  FileSizeSignalGuard guard;
+// Everything a write in progress holds. Its destructor discards what was not committed: the
+// temporary file is closed and removed, so the target stays as it was.
+struct AtomicFileWriter::State {
+  FileSizeSignalGuard guard;  // first in, last out: it covers every write and the cleanup
+  std::string name;
+  AtomicWriteOptions options;
+  Target target;
+  int directFd = -1;            // standard output, or the device or FIFO below
+  Descriptor device;            // a character device or FIFO written in place
+  std::string temp;             // the temporary file of a replacement, until it is renamed
+  std::unique_ptr<CFile> file;  // the temporary file open for writing
+  bool committed = false;
+
+  State() = default;
+  State(const State&) = delete;
+  State& operator=(const State&) = delete;
+  ~State() {
+    if (file) file->Abort();
+    if (!temp.empty()) ::unlink(temp.c_str());
+  }
+
+  // Makes the temporary file beside the target, with the target's owner and mode, and opens
+  // it through options.openTemp (or a plain CFile).
+  void OpenTemp() {
+    Descriptor fd;
+    temp = CreateTemp(FolderOf(target.path), name, fd);
+    if (target.exists) KeepOwnerAndMode(fd.Get(), target.st, name);
+    if (!fd.Close()) throw CFileException::FromErrno(name, errno, "write");
+    try {
+      file = options.openTemp ? options.openTemp(temp)
+                              : std::make_unique<CFile>(temp, CFile::modeWrite);
+    } catch (const CFileException& e) {
+      throw e.WithFileName(name);
+    }
+  }
+
+  // Flushes and closes the temporary file, keeps the backup, renames the temporary file over
+  // the target and flushes the folder.
+  void Replace() {
+    try {
+      file->Flush();
+      file->Close();
+    } catch (const CFileException& e) {
+      throw e.WithFileName(name);
+    }
+    file.reset();
+    const std::string folder = FolderOf(target.path);
+    if (options.keepBackup && target.exists) KeepBackup(target, folder);
+    if (std::rename(temp.c_str(), target.path.c_str()) != 0) {
+      throw CFileException::FromErrno(name, errno, "replace");
+    }
+    temp.clear();
+    SyncFolder(folder);
+  }
+};
+
+AtomicFileWriter::AtomicFileWriter(const std::string& path, const AtomicWriteOptions& options)
+    : m_state(std::make_unique<State>()) {
+  State& s = *m_state;
+  s.name = FileDisplayName(path, true);
+  s.options = options;
   if (path == kStandardStreamName) {
     std::fflush(stdout);
-    WriteAll(STDOUT_FILENO, bytes.data(), bytes.size(), name);
+    s.directFd = STDOUT_FILENO;
     return;
   }
-  const Target t = ResolveTarget(path, name);
-  if (t.exists && (S_ISCHR(t.st.st_mode) || S_ISFIFO(t.st.st_mode))) {
-    WriteInPlace(t, bytes, name);
-  } else if (t.exists && !S_ISREG(t.st.st_mode)) {
-    throw Refused(name, "write", KindOf(t.st.st_mode));
+  s.target = ResolveTarget(path, s.name);
+  const mode_t mode = s.target.st.st_mode;
+  if (s.target.exists && (S_ISCHR(mode) || S_ISFIFO(mode))) {
+    OpenInPlace(s.target, s.name, s.device);
+    s.directFd = s.device.Get();
+  } else if (s.target.exists && !S_ISREG(mode)) {
+    throw Refused(s.name, "write", KindOf(mode));
   } else {
-    ReplaceFile(t, bytes, options, name);
+    s.OpenTemp();
   }
+}
+
+AtomicFileWriter::~AtomicFileWriter() = default;
+AtomicFileWriter::AtomicFileWriter(AtomicFileWriter&&) noexcept = default;
+AtomicFileWriter& AtomicFileWriter::operator=(AtomicFileWriter&&) noexcept = default;
+
+void AtomicFileWriter::Write(const BYTE* data, std::size_t size) {
+  State& s = *m_state;
+  if (s.directFd >= 0) {
+    WriteAll(s.directFd, data, size, s.name);
+    return;
+  }
+  if (!s.file) throw Refused(s.name, "write", "its writing has already ended");
+  try {
+    while (size > 0) {
+      const std::size_t chunk = std::min(size, kChunk);
+      s.file->Write(data, static_cast<UINT>(chunk));
+      data += chunk;
+      size -= chunk;
+    }
+  } catch (const CFileException& e) {
+    s.file.reset();  // a file missing a block is never put in place
+    throw e.WithFileName(s.name);
+  }
+}
+
+void AtomicFileWriter::Commit() {
+  State& s = *m_state;
+  if (s.committed) return;
+  if (s.device.Get() >= 0) {
+    SyncDescriptor(s.device.Get(), s.name);
+    if (!s.device.Close()) throw CFileException::FromErrno(s.name, errno, "close");
+  } else if (s.directFd < 0) {
+    if (!s.file) throw Refused(s.name, "write", "a block of it could not be written");
+    s.Replace();
+  }
+  s.directFd = -1;
+  s.committed = true;
+}
+
+void WriteFileAtomically(const std::string& path, const std::vector<BYTE>& bytes,
+                         const AtomicWriteOptions& options) {
+  AtomicFileWriter writer(path, options);
+  writer.Write(bytes.data(), bytes.size());
+  writer.Commit();
 }
 
 }  // namespace persona
