@@ -4,6 +4,7 @@
 
 #include <persona/personality/personality.h>
 #include <persona/systems/esk_data.h>
+#include <persona/systems/trunk_set.h>
 #include "support/test_data.h"
 
 namespace persona {
@@ -18,33 +19,8 @@ class MergingPersonality : public CPersonality {
   using CPersonality::operator=;
 };
 
-// A stand-in trunk set class registered under the real name when the build has none yet, so the
-// merge has a class to copy trunk sets with.
-class StandInTrunkSet : public CSet {
-  DECLARE_SERIAL(StandInTrunkSet)
- public:
-  StandInTrunkSet() : CSet(TrunkSetType) {}
-};
-const CRuntimeClass StandInTrunkSet::classStandInTrunkSet = {
-    "CTrunkSet",
-    static_cast<int>(sizeof(StandInTrunkSet)),
-    1,
-    &CreateObjectOf<StandInTrunkSet>,
-    &CopyObjectOf<StandInTrunkSet>,
-    RUNTIME_CLASS(CSet)};
-
-const CRuntimeClass* TrunkSetClass() {
-  static const CRuntimeClass* cls = [] {
-    if (CRuntimeClass::FromName("CTrunkSet") == nullptr) {
-      CRuntimeClass::Register(RUNTIME_CLASS(StandInTrunkSet));
-    }
-    return CRuntimeClass::FromName("CTrunkSet");
-  }();
-  return cls;
-}
-
 CSet* NewTrunkSet(const char* name) {
-  auto* set = static_cast<CSet*>(TrunkSetClass()->CreateObject());
+  auto* set = new CTrunkSet;
   set->SetName(name);
   return set;
 }
@@ -55,7 +31,6 @@ TEST(PersonalityMerge, AssignmentReplacesSetsWhileAddSetsAppends) {
   auto* stray = new CSet(TrunkSetType);  // not of the list's class: copied as one, set part only
   stray->SetName("STRAY");
   src.AddSet(stray, TrunkSetType);
-  src.AddSet(new CSet(P25GroupSetType), P25GroupSetType);  // class not registered or not CSet
 
   MergingPersonality target;
   target.AddSet(NewTrunkSet("X"), TrunkSetType);
