@@ -379,6 +379,10 @@ TEST(References, RefusedOperationsChangeNothing) {
   EXPECT_EQ(RenameSystem(*p, "T1", ""), -1);
   EXPECT_EQ(RenameSystem(*p, "t1", "X"), -1);  // system names are exact
   EXPECT_EQ(RenameSet(*p, static_cast<SetType>(11), "GRP", "X"), -1);
+  EXPECT_EQ(RenameSet(*p, GroupSetType, "NONE", "X"), -1);
+  // A rename to the same name is no change at all.
+  EXPECT_EQ(RenameSystem(*p, "T1", "T1"), 0);
+  EXPECT_EQ(RenameSet(*p, GroupSetType, "GRP", "GRP"), 0);
   EXPECT_EQ(RenameChannel(*p, ConvSetType, "CONV", "ch1", "X"), -1);  // channel names are exact
   EXPECT_EQ(RenameChannel(*p, ConvSetType, "CONV", "CH1", "CH2"), -1);
   EXPECT_EQ(RenameChannel(*p, GroupSetType, "GRP", "G1", "X"), -1);  // groups are not channels

@@ -7,6 +7,7 @@
 #include <persona/io/json/record_diff.h>
 #include <persona/options/macro.h>
 #include <persona/options/status_message.h>
+#include <persona/systems/trunk_set.h>
 #include "sample/sample_personality.h"
 
 namespace persona {
@@ -81,6 +82,14 @@ TEST(RecordDiff, SetsPairByNameIgnoringCaseInTurnAndLeftOversAreRenames) {
   CPersonality b;
   AddConvSets(a, {{"Alpha", "X"}, {"ALPHA", "Y"}, {"Beta", "Z"}, {"Old", "W"}});
   AddConvSets(b, {{"New", "V"}, {"alpha", "X"}, {"Gamma", "Z"}, {"ALPHA", "Y2"}});
+  // Trunk sets, the first list, pair by name as well: "B" moved in front is no change.
+  for (auto [p, names] : {std::pair{&a, "AB"}, std::pair{&b, "BA"}}) {
+    for (const char* n = names; *n != 0; ++n) {
+      auto* trunk = new CTrunkSet;
+      trunk->SetName(std::string(n, 1).c_str());
+      p->AddSet(trunk, TrunkSetType);
+    }
+  }
   EXPECT_EQ(Lines(a, b),
             (std::vector<std::string>{
                 R"(changed sets/conv/Alpha/Name /ConvSets/0/Name "Alpha" -> "alpha" [conv sets f])",

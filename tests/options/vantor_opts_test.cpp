@@ -104,6 +104,12 @@ TEST(VantorOpts, ReportBlockConventionalWithNumericId) {
       "",
   };
   EXPECT_EQ(expected, Lines(out));
+  // At one half every delay window rounds up, so each window's length shows in its figure.
+  v->SetStartDelayPercent(50);
+  out.RemoveAll();
+  v->printOptToBuffer(out, nullptr);
+  EXPECT_EQ(0,
+            out.GetAt(8).str().find("   Start Delay                - |125 250 375 500 50.000000|"));
 }
 
 TEST(VantorOpts, ReportBlockTrunkedWithZoneTroopAndVehicle) {
