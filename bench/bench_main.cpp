@@ -17,8 +17,8 @@
 #include <persona/io/personality_file.h>
 #include "bench_cases.h"
 #include "bench_operations.h"
-#include "boost_reference.h"
 #include "heap_meter.h"
+#include "references.h"
 
 namespace persona::bench {
 namespace {
@@ -78,7 +78,7 @@ void Register() {
   sizes.insert(sizes.end(), std::begin(kSeries), std::end(kSeries));
   std::sort(sizes.begin(), sizes.end());
   for (const Operation& op : Operations()) {
-    if (op.boost && !BoostReferenceAvailable()) continue;
+    if (op.available != nullptr && !op.available()) continue;
     for (int channels : sizes) {
       const bool inSeries =
           std::find(std::begin(kSeries), std::end(kSeries), channels) != std::end(kSeries);
@@ -112,21 +112,24 @@ bool CheckSameGraph(int channels) {
   bool same = StorePersonalityBytes(*loaded.personality) == c.bytes;
   std::printf("round trip of the %s case through the library: %s\n", Label(channels).c_str(),
               same ? "same bytes" : "DIFFERENT BYTES");
-  if (BoostReferenceAvailable()) {
+  for (const Reference& ref : References()) {
+    if (!ref.available()) {
+      std::printf(
+          "%s was not found when this was built: its reference is left out "
+          "(scripts/install-deps.sh bench installs it)\n",
+          ref.name);
+      continue;
+    }
     std::vector<char> archive;
-    BoostSave(*c.personality, archive);
-    const BoostLoaded back = BoostLoad(archive);
-    const bool boostSame = StorePersonalityBytes(*back.personality) == c.bytes;
+    ref.save(*c.personality, archive);
+    const ReferenceLoaded back = ref.load(archive);
+    const bool refSame = StorePersonalityBytes(*back.personality) == c.bytes;
     std::printf(
-        "round trip of the %s case through the Boost reference: %s (%zu bytes against "
-        "the library's %zu)\n",
-        Label(channels).c_str(), boostSame ? "same personality" : "DIFFERENT PERSONALITY",
+        "round trip of the %s case through the %s reference: %s (%zu bytes against the "
+        "library's %zu)\n",
+        Label(channels).c_str(), ref.name, refSame ? "same personality" : "DIFFERENT PERSONALITY",
         archive.size(), c.bytes.size());
-    same = same && boostSame;
-  } else {
-    std::printf(
-        "Boost.Serialization was not found when this was built: the Boost reference "
-        "is left out (scripts/install-deps.sh bench installs it)\n");
+    same = same && refSame;
   }
   return same;
 }
@@ -162,20 +165,16 @@ void PrintRatios(const CollectingReporter& r) {
   std::printf("\nRatios at 65,000 channels (%zu records, %zu file bytes), one run:\n",
               Case(65000).records, Case(65000).bytes.size());
   const double copy = r.Time("memcpy", 65000);
-  const struct {
-    const char* label;
-    const char* op;
-    const char* reference;
-  } rows[] = {{"load", "load", "boost_load"}, {"save", "save", "boost_save"}};
-  for (const auto& row : rows) {
-    const double ours = r.Time(row.op, 65000);
-    const double boost = r.Time(row.reference, 65000);
+  for (const char* op : {"load", "save"}) {
+    const double ours = r.Time(op, 65000);
     if (ours <= 0) continue;
-    if (boost > 0) {
-      std::printf("  %-5s persona / Boost   = %6.2f x   (goal at least 5 x: %s)\n", row.label,
-                  boost / ours, Verdict(boost / ours >= 5.0));
+    for (const Reference& ref : References()) {
+      const double theirs = r.Time((std::string(ref.name) + "_" + op).c_str(), 65000);
+      if (theirs <= 0) continue;
+      std::printf("  %-5s persona / %-7s = %6.2f x   (goal at least %.0f x: %s)\n", op, ref.name,
+                  theirs / ours, ref.goal, Verdict(theirs / ours >= ref.goal));
     }
-    std::printf("  %-5s persona / memcpy  = 1 / %5.1f  (goal at least 1 / 25: %s)\n", row.label,
+    std::printf("  %-5s persona / memcpy  = 1 / %5.1f  (goal at least 1 / 25: %s)\n", op,
                 ours / copy, Verdict(ours / copy <= 25.0));
   }
 }

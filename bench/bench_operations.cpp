@@ -14,7 +14,7 @@
 #include <persona/report/personality_report.h>
 #include "bench_cases.h"
 #include "bench_diff.h"
-#include "boost_reference.h"
+#include "references.h"
 
 namespace persona::bench {
 namespace {
@@ -172,20 +172,25 @@ void Refresh(benchmark::State& state, int channels) {
   Account(state, c.fileBytes, static_cast<std::size_t>(c.channels));
 }
 
-void BoostLoadRef(benchmark::State& state, int channels) {
+// A reference's load of its own archive of the case, and its save.
+template <std::size_t kReference>
+void ReferenceLoad(benchmark::State& state, int channels) {
+  const Reference& ref = References()[kReference];
   const BenchCase& c = Case(channels);
   std::vector<char> bytes;
-  BoostSave(*c.personality, bytes);
-  TimeMaking(state, [&] { return BoostLoad(bytes); });
+  ref.save(*c.personality, bytes);
+  TimeMaking(state, [&] { return ref.load(bytes); });
   state.counters["archive_bytes"] = static_cast<double>(bytes.size());
   Account(state, c.bytes.size(), c.records);
 }
 
-void BoostSaveRef(benchmark::State& state, int channels) {
+template <std::size_t kReference>
+void ReferenceSave(benchmark::State& state, int channels) {
+  const Reference& ref = References()[kReference];
   const BenchCase& c = Case(channels);
   TimeMaking(state, [&] {
     auto bytes = std::make_unique<std::vector<char>>();
-    BoostSave(*c.personality, *bytes);
+    ref.save(*c.personality, *bytes);
     return bytes;
   });
   Account(state, c.bytes.size(), c.records);
@@ -208,21 +213,23 @@ void Memcpy(benchmark::State& state, int channels) {
 
 const std::vector<Operation>& Operations() {
   static const std::vector<Operation> operations = {
-      {"load", Load, false, false},
-      {"boost_load", BoostLoadRef, true, false},
-      {"save", Save, false, false},
-      {"boost_save", BoostSaveRef, true, false},
-      {"memcpy", Memcpy, false, false},
-      {"file_load", FileLoad, false, false},
-      {"file_save", FileSave, false, false},
-      {"copy", Copy, false, false},
-      {"report", Report, false, false},
-      {"prune", Prune, false, false},
-      {"rename_set", RenameSetEverywhere, false, false},
-      {"rename_channel", RenameChannelEverywhere, false, false},
-      {"check", Check, false, false},
-      {"diff", Diff, false, false},
-      {"refresh", Refresh, false, true},
+      {"load", Load, nullptr, false},
+      {"boost_load", ReferenceLoad<0>, BoostReferenceAvailable, false},
+      {"cereal_load", ReferenceLoad<1>, CerealReferenceAvailable, false},
+      {"save", Save, nullptr, false},
+      {"boost_save", ReferenceSave<0>, BoostReferenceAvailable, false},
+      {"cereal_save", ReferenceSave<1>, CerealReferenceAvailable, false},
+      {"memcpy", Memcpy, nullptr, false},
+      {"file_load", FileLoad, nullptr, false},
+      {"file_save", FileSave, nullptr, false},
+      {"copy", Copy, nullptr, false},
+      {"report", Report, nullptr, false},
+      {"prune", Prune, nullptr, false},
+      {"rename_set", RenameSetEverywhere, nullptr, false},
+      {"rename_channel", RenameChannelEverywhere, nullptr, false},
+      {"check", Check, nullptr, false},
+      {"diff", Diff, nullptr, false},
+      {"refresh", Refresh, nullptr, true},
   };
   return operations;
 }

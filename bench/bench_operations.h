@@ -15,8 +15,8 @@ namespace persona::bench {
 struct Operation {
   const char* name;
   void (*run)(benchmark::State& state, int channels);
-  bool boost;    // a Boost reference operation (left out when Boost is missing)
-  bool refresh;  // runs on the refresh cases (sizes of the scaling series only)
+  bool (*available)();  // null, or whether the reference it runs was built (left out if not)
+  bool refresh;         // runs on the refresh cases (sizes of the scaling series only)
 };
 
 // Every operation, in the order of the run.
