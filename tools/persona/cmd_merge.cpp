@@ -46,7 +46,8 @@ void RunMerge(const MergeArgs& args, Context& context) {
   if (!args.dryRun && args.output.empty()) throw UsageError("merge needs -o OUT or --dry-run");
   LoadedPersonality a = LoadInput(args.a);
   LoadedPersonality b = LoadInput(args.b);
-  PolicyMergeResult result = MergeWithPolicy(*a.personality, *b.personality, policy, args.suffix);
+  PolicyMergeResult result =
+      MergeWithPolicy(std::move(a.personality), std::move(b.personality), policy, args.suffix);
   std::string text = ReportText(result);
   std::string refusal;
   if (policy == ClashPolicy::KeepBoth && !result.clashes.empty()) {

@@ -47,6 +47,12 @@ struct PERSONA_EXPORT PolicyMergeResult {
 // changed; the caller owns the result. Fails only by the allocation failure of the copies.
 PERSONA_EXPORT PolicyMergeResult MergeWithPolicy(const CPersonality& a, const CPersonality& b,
                                                  ClashPolicy policy, const std::string& suffix);
+// The same merge, the same result, taking the inputs: each is freed as soon as the merge has
+// its working copy, so that at most three personalities are held at once. Throws
+// std::invalid_argument when an input is null.
+PERSONA_EXPORT PolicyMergeResult MergeWithPolicy(std::unique_ptr<CPersonality> a,
+                                                 std::unique_ptr<CPersonality> b,
+                                                 ClashPolicy policy, const std::string& suffix);
 
 // True when f is a name that points at nothing (the REF_ and SCAN_ codes of the checker).
 PERSONA_EXPORT bool IsDanglingReference(const Finding& f);
