@@ -174,8 +174,13 @@ void PrintRatios(const CollectingReporter& r) {
       std::printf("  %-5s persona / %-7s = %6.2f x   (goal at least %.0f x: %s)\n", op, ref.name,
                   theirs / ours, ref.goal, Verdict(theirs / ours >= ref.goal));
     }
-    std::printf("  %-5s persona / memcpy  = 1 / %5.1f  (goal at least 1 / 25: %s)\n", op,
-                ours / copy, Verdict(ours / copy <= 25.0));
+    // The goal is the load's; a save against memcpy is shown for comparison.
+    if (std::string(op) == "load") {
+      std::printf("  %-5s persona / memcpy  = 1 / %5.1f  (goal at least 1 / 25: %s)\n", op,
+                  ours / copy, Verdict(ours / copy <= 25.0));
+    } else {
+      std::printf("  %-5s persona / memcpy  = 1 / %5.1f\n", op, ours / copy);
+    }
   }
 }
 
