@@ -5,6 +5,7 @@
 
 #include <persona/export.h>
 
+#include <cstddef>
 #include <vector>
 
 #include <persona/framework/types.h>
@@ -65,6 +66,12 @@ class PERSONA_EXPORT CObject {
   CObject(const CObject&) = default;
   CObject& operator=(const CObject&) = default;
   virtual ~CObject() = default;
+
+  // Records are allocated by size class from per-thread pools when the library is built with
+  // PERSONA_RECORD_POOL (object_pool.cpp), from the heap otherwise. new throws std::bad_alloc;
+  // delete takes the size of the object's own class (the destructor is virtual).
+  static void* operator new(std::size_t size);
+  static void operator delete(void* p, std::size_t size) noexcept;
 
   virtual const CRuntimeClass* GetRuntimeClass() const;
   // Writes the object's fields when ar is storing and reads them otherwise.
