@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
+#include <type_traits>
 
 #include <persona/calls/icall_set.h>
 #include <persona/calls/phone_set.h>
@@ -51,168 +53,123 @@ class TextField : public CFieldSkipper {
   const char* m_name;
 };
 
+using Fields = std::initializer_list<std::pair<const char*, const char*>>;
+
+// Sets each named field of rec as SetText does.
 template <class T>
-T* Named(T* rec, const char* name) {
-  SetText(*rec, "Name", name);
+T* With(T* rec, Fields fields) {
+  for (const auto& [field, value] : fields) SetText(*rec, field, value);
   return rec;
 }
 
-template <class S>
-S* NamedSet(const char* name) {
-  auto* set = new S;
-  set->SetName(name);
-  return set;
-}
-
-template <class E>
-void AddElements(CSet* set, std::initializer_list<const char*> names) {
-  for (const char* n : names) set->Add(Named(new E, n));
-}
-
-template <class C>
-void AddChannels(CSet* set, std::initializer_list<const char*> names) {
-  for (const char* n : names) {
-    auto* ch = Named(new C, n);
-    ch->SetTxFreq(810.0);
-    ch->SetRxFreq(855.0);
-    set->Add(ch);
+// A set named name holding elements of class E with the given names (channels inside the
+// default band limits), and fields set as With does.
+template <class S, class E = void>
+S* NamedSet(const char* name, std::initializer_list<const char*> elements = {},
+            Fields fields = {}) {
+  auto* set = With(new S, {{"Name", name}});
+  if constexpr (!std::is_void_v<E>) {
+    for (const char* n : elements) {
+      auto* e = With(new E, {{"Name", n}});
+      if constexpr (std::is_same_v<E, CConvChannel> || std::is_same_v<E, CP25ConvChannel>) {
+        e->SetTxFreq(810.0);
+        e->SetRxFreq(855.0);
+      }
+      set->Add(e);
+    }
   }
+  return With(set, fields);
 }
 
 void AddSystems(CPersonality& p, bool withMessaging) {
-  auto* t1 = Named(new CTrunkSystem, "T1");
-  SetText(*t1, "TrunkSetName", "TRK");
-  SetText(*t1, "GroupSetName", "GRP");
-  SetText(*t1, "PhoneSetName", "PH");
-  SetText(*t1, "iCallSetName", "IC");
-  SetText(*t1, "SpCallSetName", "SP");
-  SetTexts(*t1, "ScannedSystems", {"C1", "P1"});
-  SetText(*t1, "PriSys", "C1");
-  SetText(*t1, "CnvPriSystem", "C1");
-  SetText(*t1, "CnvPriChannel", "CH2");
-  p.AddSystem(t1);
-
-  auto* c1 = Named(new CConvSystem, "C1");
+  p.AddSystem(With(new CTrunkSystem, {{"Name", "T1"},
+                                      {"TrunkSetName", "TRK"},
+                                      {"GroupSetName", "GRP"},
+                                      {"PhoneSetName", "PH"},
+                                      {"iCallSetName", "IC"},
+                                      {"SpCallSetName", "SP"},
+                                      {"ScannedSystems", "C1,P1"},
+                                      {"PriSys", "C1"},
+                                      {"CnvPriSystem", "C1"},
+                                      {"CnvPriChannel", "CH2"}}));
+  auto* c1 =
+      With(new CConvSystem, {{"Name", "C1"}, {"ConvSetName", "CONV"}, {"PhoneSetName", "PH"}});
   c1->SetSysType(ConvSystemType);
-  SetText(*c1, "ConvSetName", "CONV");
-  SetText(*c1, "PhoneSetName", "PH");
   p.AddSystem(c1);
-
-  auto* p1 = Named(new CP25TrkSystem, "P1");
-  SetText(*p1, "TrunkSetName", "trk");  // set names ignore case
-  SetText(*p1, "GroupSetName", "P25G");
-  SetText(*p1, "PhoneSetName", "PH");
-  SetText(*p1, "iCallSetName", "IC");
-  SetText(*p1, "WaNetName", "WAN1");
-  SetText(*p1, "HomeWanName", "WAN1");
-  SetTexts(*p1, "ScannedSystems", {"T1"});
-  p.AddSystem(p1);
-
-  auto* pc = Named(new CP25ConvSystem, "PC");
+  p.AddSystem(With(new CP25TrkSystem,  // set names ignore case: "trk"
+                   {{"Name", "P1"},
+                    {"TrunkSetName", "trk"},
+                    {"GroupSetName", "P25G"},
+                    {"PhoneSetName", "PH"},
+                    {"iCallSetName", "IC"},
+                    {"WaNetName", "WAN1"},
+                    {"HomeWanName", "WAN1"},
+                    {"ScannedSystems", "T1"}}));
+  auto* pc = With(new CP25ConvSystem,
+                  {{"Name", "PC"}, {"P25ConvSetName", "P25C"}, {"IcallSetName", "IC"}});
   pc->SetSysType(P25ConvSystemType);
-  SetText(*pc, "P25ConvSetName", "P25C");
-  SetText(*pc, "IcallSetName", "IC");
   p.AddSystem(pc);
-
-  auto* e1 = Named(new CExtAddSystem, "E1");
-  SetText(*e1, "TrunkSetName", "TRK");
-  SetText(*e1, "GroupSetName", "EAG");
-  p.AddSystem(e1);
-
+  p.AddSystem(
+      With(new CExtAddSystem, {{"Name", "E1"}, {"TrunkSetName", "TRK"}, {"GroupSetName", "EAG"}}));
   if (withMessaging) {
-    auto* m1 = Named(new CPlmSystem, "M1");
+    auto* m1 = With(new CPlmSystem, {{"Name", "M1"},
+                                     {"TrunkSetName", "TRK"},
+                                     {"GroupSetName", "PLMG"},
+                                     {"SpCallSetName", "PLMSP"},
+                                     {"ScannedSystems", "T1,C1"}});
     m1->SetSysType(PlmSystemType);
-    SetText(*m1, "TrunkSetName", "TRK");
-    SetText(*m1, "GroupSetName", "PLMG");
-    SetText(*m1, "SpCallSetName", "PLMSP");
-    SetTexts(*m1, "ScannedSystems", {"T1", "C1"});
     p.AddSystem(m1);
   }
 }
 
 void AddSets(CPersonality& p, bool withMessaging) {
   p.AddSet(NamedSet<CTrunkSet>("TRK"), TrunkSetType);
-
-  auto* grp = NamedSet<CGroupSet>("GRP");
-  AddElements<CGroup>(grp, {"G1", "G2", "G3"});
-  SetText(*grp, "HomeGrp", "G1");
-  SetText(*grp, "Priority1Grp", "G2");
-  SetText(*grp, "Priority2Grp", "G3");
-  SetText(*grp, "PriorityTalkGrp", "G2");
-  p.AddSet(grp, GroupSetType);
-
-  auto* p25g = NamedSet<CP25GroupSet>("P25G");
-  AddElements<CP25Group>(p25g, {"PG1", "PG2"});
-  SetText(*p25g, "HomeGrp", "PG1");
-  SetText(*p25g, "Priority1Grp", "PG2");
-  SetText(*p25g, "Priority2Grp", "PG1");
-  p.AddSet(p25g, P25GroupSetType);
-
-  auto* eag = NamedSet<CExtAddGroupSet>("EAG");
-  AddElements<CExtAddGroup>(eag, {"EG1"});
-  SetText(*eag, "HomeGrp", "EG1");
-  p.AddSet(eag, EaGroupSetType);
-
-  auto* conv = NamedSet<CConvSet>("CONV");
-  AddChannels<CConvChannel>(conv, {"CH1", "CH2", "CH3"});
-  SetText(*conv, "HomeChan", "CH1");
-  SetText(*conv, "P1Chan", "CH2");
-  SetText(*conv, "P2Chan", "CH3");
-  SetText(*conv, "WideScanChan", "CH1");
-  SetText(*conv, "AltPttChan", "CH2");
-  p.AddSet(conv, ConvSetType);
-
-  auto* p25c = NamedSet<CP25ConvSet>("P25C");
-  AddChannels<CP25ConvChannel>(p25c, {"PCH1", "PCH2"});
-  SetText(*p25c, "P25GroupSet", "P25G");
-  p.AddSet(p25c, P25ConvSetType);
-
+  p.AddSet(NamedSet<CGroupSet, CGroup>("GRP", {"G1", "G2", "G3"},
+                                       {{"HomeGrp", "G1"},
+                                        {"Priority1Grp", "G2"},
+                                        {"Priority2Grp", "G3"},
+                                        {"PriorityTalkGrp", "G2"}}),
+           GroupSetType);
+  p.AddSet(NamedSet<CP25GroupSet, CP25Group>(
+               "P25G", {"PG1", "PG2"},
+               {{"HomeGrp", "PG1"}, {"Priority1Grp", "PG2"}, {"Priority2Grp", "PG1"}}),
+           P25GroupSetType);
+  p.AddSet(NamedSet<CExtAddGroupSet, CExtAddGroup>("EAG", {"EG1"}, {{"HomeGrp", "EG1"}}),
+           EaGroupSetType);
+  p.AddSet(NamedSet<CConvSet, CConvChannel>("CONV", {"CH1", "CH2", "CH3"},
+                                            {{"HomeChan", "CH1"},
+                                             {"P1Chan", "CH2"},
+                                             {"P2Chan", "CH3"},
+                                             {"WideScanChan", "CH1"},
+                                             {"AltPttChan", "CH2"}}),
+           ConvSetType);
+  p.AddSet(
+      NamedSet<CP25ConvSet, CP25ConvChannel>("P25C", {"PCH1", "PCH2"}, {{"P25GroupSet", "P25G"}}),
+      P25ConvSetType);
   p.AddSet(NamedSet<CPhoneSet>("PH"), PhoneSetType);
-  auto* ic = NamedSet<CICallSet>("IC");
-  AddElements<CICall>(ic, {"Desk"});
+  auto* ic = NamedSet<CICallSet, CICall>("IC", {"Desk"});
   SetText(*ic->GetAt(0), "WaNetName", "WAN1");
   p.AddSet(ic, ICallSetType);
   p.AddSet(NamedSet<CSpCallSet>("SP"), SpCallSetType);
   if (withMessaging) {
-    auto* plmg = NamedSet<CPlmGroupSet>("PLMG");
-    AddElements<CPlmGroup>(plmg, {"MG1"});
-    p.AddSet(plmg, PlmGroupSetType);
+    p.AddSet(NamedSet<CPlmGroupSet, CPlmGroup>("PLMG", {"MG1"}), PlmGroupSetType);
     p.AddSet(NamedSet<CPlmSpCallSet>("PLMSP"), PlmSpCallSetType);
   }
 }
 
 void AddOptions(CPersonality& p) {
-  auto* general = new CGenRadioOpts;
-  SetText(*general, "TestUnitSystem", "T1");
-  SetText(*general, "HomeSystem", "C1");
-  SetText(*general, "CallBackMess", "T1");  // a message text, not a name
-  SetText(*general, "CnvTestSet", "conv");
-  p.PutOption(general);
-
-  auto* vantor = new CVantorOpts;
-  SetText(*vantor, "System", "C1");
-  SetText(*vantor, "Channel", "CH3");
-  SetText(*vantor, "TrkSystem", "T1");
-  SetText(*vantor, "Group", "G3");
-  p.PutOption(vantor);
-
-  auto* scan = new CConvScanOpts;
-  SetText(*scan, "HomeSystem", "C1");
-  SetText(*scan, "HomeChan", "CH1");
-  p.PutOption(scan);
-
-  auto* lumo = new CLumoConvScanOpts;
-  SetText(*lumo, "P1System", "C1");
-  SetText(*lumo, "P1Chan", "CH2");
-  SetText(*lumo, "P2System", "PC");
-  SetText(*lumo, "P2Chan", "PCH2");
-  p.PutOption(lumo);
-
-  auto* power = new CPowerUpOpts;
-  SetText(*power, "SystemName", "P1");
-  SetText(*power, "GroupName", "PG2");
-  p.PutOption(power);
-
+  // CallBackMess is a message text that happens to spell a system name, not a reference.
+  p.PutOption(With(new CGenRadioOpts, {{"TestUnitSystem", "T1"},
+                                       {"HomeSystem", "C1"},
+                                       {"CallBackMess", "T1"},
+                                       {"CnvTestSet", "conv"}}));
+  p.PutOption(With(new CVantorOpts,
+                   {{"System", "C1"}, {"Channel", "CH3"}, {"TrkSystem", "T1"}, {"Group", "G3"}}));
+  p.PutOption(With(new CConvScanOpts, {{"HomeSystem", "C1"}, {"HomeChan", "CH1"}}));
+  p.PutOption(
+      With(new CLumoConvScanOpts,
+           {{"P1System", "C1"}, {"P1Chan", "CH2"}, {"P2System", "PC"}, {"P2Chan", "PCH2"}}));
+  p.PutOption(With(new CPowerUpOpts, {{"SystemName", "P1"}, {"GroupName", "PG2"}}));
   auto* wans = new CP25tWanOpts;
   auto* wan = new CP25TrkWan;
   wan->SetNetworkName("WAN1");
@@ -225,16 +182,17 @@ void AddOptions(CPersonality& p) {
 void SetText(CObject& rec, const char* field, const char* value) {
   TextField f(field);
   rec.VisitFields(f);
-  ASSERT_NE(f.text, nullptr) << rec.GetClassName() << " has no string field " << field;
-  *f.text = value;
-}
-
-void SetTexts(CObject& rec, const char* field, std::initializer_list<const char*> values) {
-  TextField f(field);
-  rec.VisitFields(f);
-  ASSERT_NE(f.list, nullptr) << rec.GetClassName() << " has no list field " << field;
+  ASSERT_TRUE(f.text != nullptr || f.list != nullptr) << rec.GetClassName() << " has no " << field;
+  if (f.text != nullptr) {
+    *f.text = value;
+    return;
+  }
   f.list->RemoveAll();
-  for (const char* v : values) f.list->Add(v);
+  for (std::string rest = value; !rest.empty();) {
+    const std::size_t comma = std::min(rest.find(','), rest.size());
+    f.list->Add(rest.substr(0, comma));
+    rest.erase(0, comma + 1);
+  }
 }
 
 std::string GetText(CObject& rec, const char* field) {

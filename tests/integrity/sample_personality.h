@@ -12,10 +12,9 @@
 
 namespace persona::test {
 
-// Sets the string field (or list of strings) called field of rec; fails the test when rec has
-// no such field.
+// Sets the string field called field of rec, or the list of strings to the entries of value
+// separated by ','; fails the test when rec has no such field.
 void SetText(CObject& rec, const char* field, const char* value);
-void SetTexts(CObject& rec, const char* field, std::initializer_list<const char*> values);
 // The value of a string field (list entries joined with ',').
 std::string GetText(CObject& rec, const char* field);
 
