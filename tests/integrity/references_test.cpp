@@ -14,6 +14,7 @@
 #include <persona/options/power_up_opts.h>
 #include <persona/options/scan_opts.h>
 #include <persona/options/vantor_opts.h>
+#include <persona/report/personality_ops.h>
 #include <persona/systems/system.h>
 #include "integrity/sample_personality.h"
 
@@ -94,221 +95,107 @@ Site Opt(const char* field) {
   return {[](CPersonality& p) { return p.GetOption<T>(); }, field};
 }
 
+// One operation, "kind|set kind|set|name|new name": a rename of the system, set or element
+// (channel, group) to the new name, or its deletion when there is none. Names are spelled as
+// a user might (set names ignore case). sites lists every field that names the target.
 struct Row {
-  const char* what;
-  // Runs the operation; returns its result. target: the record whose own name changes or that
-  // is deleted (with everything below it).
-  std::function<int(CPersonality&)> op;
-  std::function<CObject*(CPersonality&)> target;
-  bool rename;
-  const char* newName;
-  std::vector<Site> sites;  // every field that names the target
+  std::string op;
+  std::vector<Site> sites;
+
+  std::string Part(int i) const {
+    std::size_t at = 0;
+    for (int k = 0; k < i; ++k) at = op.find('|', at) + 1;
+    return op.substr(at, op.find('|', at) - at);
+  }
+  bool Rename() const { return !Part(4).empty(); }
+  int Run(CPersonality& p) const {
+    const std::string kind = Part(0);
+    const std::string set = Part(2), name = Part(3), to = Part(4);
+    SetType type = TrunkSetType;
+    ParseSetKind(Part(1), &type);
+    if (kind == "system") return to.empty() ? DeleteSystem(p, name) : RenameSystem(p, name, to);
+    if (kind == "set") return to.empty() ? DeleteSet(p, type, set) : RenameSet(p, type, set, to);
+    if (kind == "channel") {
+      return to.empty() ? DeleteChannel(p, type, set, name) : RenameChannel(p, type, set, name, to);
+    }
+    return to.empty() ? DeleteGroup(p, type, set, name) : RenameGroup(p, type, set, name, to);
+  }
+  // The record whose own name changes or that is deleted (with everything below it).
+  CObject* Target(CPersonality& p) const {
+    if (Part(0) == "system") return p.GetSystem(Part(3).c_str());
+    SetType type = TrunkSetType;
+    ParseSetKind(Part(1), &type);
+    CSet* s = p.GetSet(Part(2).c_str(), type);
+    for (int i = 0; Part(0) != "set" && i < s->GetSize(); ++i) {
+      if (GetText(*s->GetAt(i), "Name") == Part(3)) return s->GetAt(i);
+    }
+    return s;
+  }
 };
 
-CObject* ElementOf(CPersonality& p, SetType type, const char* set, int i) {
-  return p.GetSet(set, type)->GetAt(i);
-}
-
 std::vector<Row> Rows() {
-  const auto sys = [](const char* n) {
-    return [n](CPersonality& p) -> CObject* { return p.GetSystem(n); };
-  };
-  const auto set = [](SetType t, const char* n) {
-    return [t, n](CPersonality& p) -> CObject* { return p.GetSet(n, t); };
-  };
-  const auto elem = [](SetType t, const char* s, int i) {
-    return [t, s, i](CPersonality& p) -> CObject* { return ElementOf(p, t, s, i); };
-  };
   return {
-      {"rename system C1",
-       [](CPersonality& p) { return RenameSystem(p, "C1", "Base"); },
-       sys("C1"),
-       true,
-       "Base",
+      {"system|||C1|Base",
        {Sys("T1", "ScannedSystems"), Sys("T1", "PriSys"), Sys("T1", "CnvPriSystem"),
         Sys("M1", "ScannedSystems"), Opt<CGenRadioOpts>("HomeSystem"), Opt<CVantorOpts>("System"),
         Opt<CConvScanOpts>("HomeSystem"), Opt<CLumoConvScanOpts>("P1System")}},
-      {"rename system T1",
-       [](CPersonality& p) { return RenameSystem(p, "T1", "Trunk 1"); },
-       sys("T1"),
-       true,
-       "Trunk 1",
+      {"system|||T1|Trunk 1",
        {Sys("P1", "ScannedSystems"), Sys("M1", "ScannedSystems"),
         Opt<CGenRadioOpts>("TestUnitSystem"), Opt<CVantorOpts>("TrkSystem")}},
-      {"rename system PC",
-       [](CPersonality& p) { return RenameSystem(p, "PC", "PConv"); },
-       sys("PC"),
-       true,
-       "PConv",
-       {Opt<CLumoConvScanOpts>("P2System")}},
-      {"rename system P1",
-       [](CPersonality& p) { return RenameSystem(p, "P1", "P25"); },
-       sys("P1"),
-       true,
-       "P25",
-       {Sys("T1", "ScannedSystems"), Opt<CPowerUpOpts>("SystemName")}},
-      {"rename trunk set",
-       [](CPersonality& p) { return RenameSet(p, TrunkSetType, "Trk", "Main"); },
-       set(TrunkSetType, "TRK"),
-       true,
-       "Main",
+      {"system|||PC|PConv", {Opt<CLumoConvScanOpts>("P2System")}},
+      {"system|||P1|P25", {Sys("T1", "ScannedSystems"), Opt<CPowerUpOpts>("SystemName")}},
+      {"set|trunk|Trk||Main",
        {Sys("T1", "TrunkSetName"), Sys("P1", "TrunkSetName"), Sys("E1", "TrunkSetName"),
         Sys("M1", "TrunkSetName")}},
-      {"rename group set",
-       [](CPersonality& p) { return RenameSet(p, GroupSetType, "GRP", "Talk"); },
-       set(GroupSetType, "GRP"),
-       true,
-       "Talk",
-       {Sys("T1", "GroupSetName")}},
-      {"rename P25 group set",
-       [](CPersonality& p) { return RenameSet(p, P25GroupSetType, "P25G", "Area"); },
-       set(P25GroupSetType, "P25G"),
-       true,
-       "Area",
+      {"set|group|GRP||Talk", {Sys("T1", "GroupSetName")}},
+      {"set|p25group|P25G||Area",
        {Sys("P1", "GroupSetName"), SetOf(P25ConvSetType, "P25C", "P25GroupSet")}},
-      {"rename EA group set",
-       [](CPersonality& p) { return RenameSet(p, EaGroupSetType, "EAG", "Wide"); },
-       set(EaGroupSetType, "EAG"),
-       true,
-       "Wide",
-       {Sys("E1", "GroupSetName")}},
-      {"rename conv set",
-       [](CPersonality& p) { return RenameSet(p, ConvSetType, "CONV", "Fire"); },
-       set(ConvSetType, "CONV"),
-       true,
-       "Fire",
-       {Sys("C1", "ConvSetName"), Opt<CGenRadioOpts>("CnvTestSet")}},
-      {"rename P25 conv set",
-       [](CPersonality& p) { return RenameSet(p, P25ConvSetType, "P25C", "Ops"); },
-       set(P25ConvSetType, "P25C"),
-       true,
-       "Ops",
-       {Sys("PC", "P25ConvSetName")}},
-      {"rename phone set",
-       [](CPersonality& p) { return RenameSet(p, PhoneSetType, "PH", "City"); },
-       set(PhoneSetType, "PH"),
-       true,
-       "City",
+      {"set|eagroup|EAG||Wide", {Sys("E1", "GroupSetName")}},
+      {"set|conv|CONV||Fire", {Sys("C1", "ConvSetName"), Opt<CGenRadioOpts>("CnvTestSet")}},
+      {"set|p25conv|P25C||Ops", {Sys("PC", "P25ConvSetName")}},
+      {"set|phone|PH||City",
        {Sys("T1", "PhoneSetName"), Sys("C1", "PhoneSetName"), Sys("P1", "PhoneSetName")}},
-      {"rename icall set",
-       [](CPersonality& p) { return RenameSet(p, ICallSetType, "IC", "Units"); },
-       set(ICallSetType, "IC"),
-       true,
-       "Units",
+      {"set|icall|IC||Units",
        {Sys("T1", "iCallSetName"), Sys("P1", "iCallSetName"), Sys("PC", "IcallSetName")}},
-      {"rename spcall set",
-       [](CPersonality& p) { return RenameSet(p, SpCallSetType, "SP", "Sp2"); },
-       set(SpCallSetType, "SP"),
-       true,
-       "Sp2",
-       {Sys("T1", "SpCallSetName")}},
-      {"rename plm group set",
-       [](CPersonality& p) { return RenameSet(p, PlmGroupSetType, "PLMG", "Msg"); },
-       set(PlmGroupSetType, "PLMG"),
-       true,
-       "Msg",
-       {Sys("M1", "GroupSetName")}},
-      {"rename plm spcall set",
-       [](CPersonality& p) { return RenameSet(p, PlmSpCallSetType, "PLMSP", "MsgSp"); },
-       set(PlmSpCallSetType, "PLMSP"),
-       true,
-       "MsgSp",
-       {Sys("M1", "SpCallSetName")}},
-      {"rename channel CH1",
-       [](CPersonality& p) { return RenameChannel(p, ConvSetType, "conv", "CH1", "Dispatch"); },
-       elem(ConvSetType, "CONV", 0),
-       true,
-       "Dispatch",
+      {"set|spcall|SP||Sp2", {Sys("T1", "SpCallSetName")}},
+      {"set|plmgroup|PLMG||Msg", {Sys("M1", "GroupSetName")}},
+      {"set|plmspcall|PLMSP||MsgSp", {Sys("M1", "SpCallSetName")}},
+      {"channel|conv|conv|CH1|Dispatch",
        {SetOf(ConvSetType, "CONV", "HomeChan"), SetOf(ConvSetType, "CONV", "WideScanChan"),
         Opt<CConvScanOpts>("HomeChan")}},
-      {"rename channel CH2",
-       [](CPersonality& p) { return RenameChannel(p, ConvSetType, "CONV", "CH2", "Tac"); },
-       elem(ConvSetType, "CONV", 1),
-       true,
-       "Tac",
+      {"channel|conv|CONV|CH2|Tac",
        {SetOf(ConvSetType, "CONV", "P1Chan"), SetOf(ConvSetType, "CONV", "AltPttChan"),
         Sys("T1", "CnvPriChannel"), Opt<CLumoConvScanOpts>("P1Chan")}},
-      {"rename channel CH3",
-       [](CPersonality& p) { return RenameChannel(p, ConvSetType, "CONV", "CH3", "Emer"); },
-       elem(ConvSetType, "CONV", 2),
-       true,
-       "Emer",
+      {"channel|conv|CONV|CH3|Emer",
        {SetOf(ConvSetType, "CONV", "P2Chan"), Opt<CVantorOpts>("Channel")}},
-      {"rename P25 channel",
-       [](CPersonality& p) { return RenameChannel(p, P25ConvSetType, "P25C", "PCH2", "Ops2"); },
-       elem(P25ConvSetType, "P25C", 1),
-       true,
-       "Ops2",
-       {Opt<CLumoConvScanOpts>("P2Chan")}},
-      {"rename group G2",
-       [](CPersonality& p) { return RenameGroup(p, GroupSetType, "GRP", "G2", "Police"); },
-       elem(GroupSetType, "GRP", 1),
-       true,
-       "Police",
+      {"channel|p25conv|P25C|PCH2|Ops2", {Opt<CLumoConvScanOpts>("P2Chan")}},
+      {"group|group|GRP|G2|Police",
        {SetOf(GroupSetType, "GRP", "Priority1Grp"), SetOf(GroupSetType, "GRP", "PriorityTalkGrp")}},
-      {"rename group G3",
-       [](CPersonality& p) { return RenameGroup(p, GroupSetType, "GRP", "G3", "Alarm"); },
-       elem(GroupSetType, "GRP", 2),
-       true,
-       "Alarm",
+      {"group|group|GRP|G3|Alarm",
        {SetOf(GroupSetType, "GRP", "Priority2Grp"), Opt<CVantorOpts>("Group")}},
-      {"rename P25 group",
-       [](CPersonality& p) { return RenameGroup(p, P25GroupSetType, "P25G", "PG2", "Area2"); },
-       elem(P25GroupSetType, "P25G", 1),
-       true,
-       "Area2",
+      {"group|p25group|P25G|PG2|Area2",
        {SetOf(P25GroupSetType, "P25G", "Priority1Grp"), Opt<CPowerUpOpts>("GroupName")}},
-      {"rename EA group",
-       [](CPersonality& p) { return RenameGroup(p, EaGroupSetType, "EAG", "EG1", "Wide1"); },
-       elem(EaGroupSetType, "EAG", 0),
-       true,
-       "Wide1",
-       {SetOf(EaGroupSetType, "EAG", "HomeGrp")}},
-      // Deletions.
-      {"delete system C1",
-       [](CPersonality& p) { return DeleteSystem(p, "C1"); },
-       sys("C1"),
-       false,
-       "",
+      {"group|eagroup|EAG|EG1|Wide1", {SetOf(EaGroupSetType, "EAG", "HomeGrp")}},
+      {"system|||C1|",
        {Sys("T1", "ScannedSystems"), Sys("T1", "PriSys"), Sys("T1", "CnvPriSystem"),
         Sys("T1", "CnvPriChannel"), Sys("M1", "ScannedSystems"), Opt<CGenRadioOpts>("HomeSystem"),
         Opt<CVantorOpts>("System"), Opt<CVantorOpts>("Channel"), Opt<CConvScanOpts>("HomeSystem"),
         Opt<CConvScanOpts>("HomeChan"), Opt<CLumoConvScanOpts>("P1System"),
         Opt<CLumoConvScanOpts>("P1Chan")}},
-      {"delete system P1",
-       [](CPersonality& p) { return DeleteSystem(p, "P1"); },
-       sys("P1"),
-       false,
-       "",
+      {"system|||P1|",
        {Sys("T1", "ScannedSystems"), Opt<CPowerUpOpts>("SystemName"),
         Opt<CPowerUpOpts>("GroupName")}},
-      {"delete conv set",
-       [](CPersonality& p) { return DeleteSet(p, ConvSetType, "Conv"); },
-       set(ConvSetType, "CONV"),
-       false,
-       "",
+      {"set|conv|Conv||",
        {Sys("C1", "ConvSetName"), Opt<CGenRadioOpts>("CnvTestSet"), Sys("T1", "CnvPriChannel"),
         Opt<CVantorOpts>("Channel"), Opt<CConvScanOpts>("HomeChan"),
         Opt<CLumoConvScanOpts>("P1Chan")}},
-      {"delete P25 group set",
-       [](CPersonality& p) { return DeleteSet(p, P25GroupSetType, "P25G"); },
-       set(P25GroupSetType, "P25G"),
-       false,
-       "",
+      {"set|p25group|P25G||",
        {Sys("P1", "GroupSetName"), SetOf(P25ConvSetType, "P25C", "P25GroupSet"),
         Opt<CPowerUpOpts>("GroupName")}},
-      {"delete channel CH2",
-       [](CPersonality& p) { return DeleteChannel(p, ConvSetType, "CONV", "CH2"); },
-       elem(ConvSetType, "CONV", 1),
-       false,
-       "",
+      {"channel|conv|CONV|CH2|",
        {SetOf(ConvSetType, "CONV", "P1Chan"), SetOf(ConvSetType, "CONV", "AltPttChan"),
         Sys("T1", "CnvPriChannel"), Opt<CLumoConvScanOpts>("P1Chan")}},
-      {"delete group G3",
-       [](CPersonality& p) { return DeleteGroup(p, GroupSetType, "GRP", "G3"); },
-       elem(GroupSetType, "GRP", 2),
-       false,
-       "",
+      {"group|group|GRP|G3|",
        {SetOf(GroupSetType, "GRP", "Priority2Grp"), Opt<CVantorOpts>("Group")}},
   };
 }
@@ -322,13 +209,13 @@ void Below(CObject& rec, std::set<const CObject*>& out) {
 
 TEST(References, EveryNameFieldFollowsRenamesAndDeletions) {
   for (const Row& row : Rows()) {
-    SCOPED_TRACE(row.what);
+    SCOPED_TRACE(row.op);
     auto p = SamplePersonality();
     const auto before = Take(*p);
-    CObject* target = row.target(*p);
+    CObject* target = row.Target(*p);
     ASSERT_NE(target, nullptr);
     std::set<const CObject*> gone;
-    if (!row.rename) Below(*target, gone);
+    if (!row.Rename()) Below(*target, gone);
     std::set<Key> expected;
     std::vector<std::pair<CObject*, std::string>> sites;
     for (const Site& site : row.sites) {
@@ -337,9 +224,9 @@ TEST(References, EveryNameFieldFollowsRenamesAndDeletions) {
       expected.insert({rec, site.field});
       sites.emplace_back(rec, before.at({rec, site.field}));
     }
-    if (row.rename) expected.insert({target, "Name"});
+    if (row.Rename()) expected.insert({target, "Name"});
 
-    const int changed = row.op(*p);
+    const int changed = row.Run(*p);
     EXPECT_EQ(changed, static_cast<int>(row.sites.size()));
 
     // Exactly the expected fields differ; records of a deleted target are gone.
@@ -350,20 +237,20 @@ TEST(References, EveryNameFieldFollowsRenamesAndDeletions) {
       const auto it = after.find(key);
       if (it == after.end() || it->second != value) differing.insert(key);
     }
-    differing.erase({row.rename ? nullptr : target, ""});
+    differing.erase({row.Rename() ? nullptr : target, ""});
     // The set that lost an element has one element fewer; the personality one record fewer.
     for (auto it = differing.begin(); it != differing.end();) {
       const bool listCount = it->second == "Elements" || it->second == "Systems" ||
                              it->second.find("Sets") != std::string::npos;
-      it = listCount && !row.rename ? differing.erase(it) : std::next(it);
+      it = listCount && !row.Rename() ? differing.erase(it) : std::next(it);
     }
     EXPECT_EQ(differing, expected);
 
     // Each site now holds the new name, or lost the old one.
     for (std::size_t i = 0; i < row.sites.size(); ++i) {
       const std::string now = after.at({sites[i].first, row.sites[i].field});
-      if (row.rename) {
-        EXPECT_NE(now.find(row.newName), std::string::npos) << row.sites[i].field << " = " << now;
+      if (row.Rename()) {
+        EXPECT_NE(now.find(row.Part(4)), std::string::npos) << row.sites[i].field << " = " << now;
       } else {
         EXPECT_LT(now.size(), sites[i].second.size()) << row.sites[i].field << " = " << now;
       }
