@@ -182,15 +182,36 @@ TEST(GlobalSets, ReadSetOverloadsCheckClassAndType) {
   EXPECT_EQ(SetFitsBand(*read, 811.0, 825.0, 850.0, 870.0), 0);  // below the Tx minimum
 }
 
-TEST(GlobalSets, RefreshTakesTheFileAndKeepsTheLocalName) {
+// A refresh takes each global set's file (found in any letter case, the folder listed once
+// for many sets) with its scope byte and the keys that came with it, keeps the local name,
+// and leaves local sets alone; the refreshed personality copies with its keys.
+TEST(GlobalSets, RefreshTakesTheFileKeepsTheLocalNameAndTheKeys) {
   const std::string dir = FreshDir("refresh");
   std::unique_ptr<CGroupSet> global(Groups("whatever", {"G1", "G2", "G3"}));
   ASSERT_TRUE(WriteSet(global.get(), CString(dir) + "/EAST.grs", false));  // another case
+  CEskData key;
+  key.SetEsk(7);
+  key.SetEskId("K7");
+  CTrunkSet trunk;
+  trunk.SetScope(1);
+  trunk.AddEsk(&key);
+  ASSERT_TRUE(WriteSet(&trunk, CString(dir) + "/Metro.TRS", false));
 
   auto* p = new CPersonality;
   std::unique_ptr<CPersonality> owner(p);
   p->AddSet(Groups("Local", {"L1"}, 0), GroupSetType);
   p->AddSet(Groups("East", {"Old"}), GroupSetType);
+  auto* local = new CTrunkSet;
+  local->SetName("Metro");
+  local->SetScope(1);
+  p->AddSet(local, TrunkSetType);
+  for (int i = 0; i < 60; ++i) {
+    CPhoneSet set;
+    set.SetName(CString::Formatted("S%d", i));
+    set.SetScope(1);
+    ASSERT_TRUE(WriteSet(&set, CString(dir) + CString::Formatted("/S%d.phs", i), false));
+    p->AddSet(new CPhoneSet(set), PhoneSetType);
+  }
   PromptRecorder ok(IDOK);
   EXPECT_TRUE(ReadPersonalityGlobalSets(p, CString(dir)));
   EXPECT_TRUE(ok.said.empty());
@@ -201,6 +222,16 @@ TEST(GlobalSets, RefreshTakesTheFileAndKeepsTheLocalName) {
   EXPECT_EQ(east->GetSize(), 3);
   EXPECT_EQ(p->GetSet("east", GroupSetType), east);
   EXPECT_EQ(p->GetSetAt(0, GroupSetType)->GetSize(), 1);  // local sets are left alone
+  EXPECT_EQ(p->GetNumSets(PhoneSetType), 60);
+  EXPECT_EQ(p->GetSetAt(59, PhoneSetType)->GetName(), "S59");
+  CPersonality copy(*p);
+  for (const CPersonality* q : {owner.get(), &copy}) {
+    auto* refreshed = static_cast<CTrunkSet*>(q->GetSetAt(0, TrunkSetType));
+    EXPECT_EQ(refreshed->GetName(), "Metro");
+    ASSERT_EQ(refreshed->GetNumEsks(), 1);
+    EXPECT_EQ(refreshed->GetEskAt(0)->GetEskId(), "K7");
+    EXPECT_EQ(refreshed->GetEskAt(0)->GetEsk(), 7);
+  }
 }
 
 TEST(GlobalSets, RefreshKeepsTheLocalCopyWhenTheFileCannotBeUsed) {
@@ -248,57 +279,6 @@ TEST(GlobalSets, RefreshKeepsTheLocalCopyWhenTheFileCannotBeUsed) {
   // A second refresh has nothing left to do.
   EXPECT_TRUE(ReadPersonalityGlobalSets(p, CString(dir)));
   EXPECT_EQ(ok.said.size(), 7u);
-}
-
-TEST(GlobalSets, RefreshedTrunkSetKeepsTheKeysThatCameWithIt) {
-  const std::string dir = FreshDir("keys");
-  CEskData key;
-  key.SetEsk(7);
-  key.SetEskId("K7");
-  CTrunkSet trunk;
-  trunk.SetName("Metro");
-  trunk.SetScope(1);
-  trunk.AddEsk(&key);
-  ASSERT_TRUE(WriteSet(&trunk, CString(dir) + "/Metro.TRS", false));
-
-  auto* p = new CPersonality;
-  std::unique_ptr<CPersonality> owner(p);
-  auto* local = new CTrunkSet;
-  local->SetName("Metro");
-  local->SetScope(1);
-  p->AddSet(local, TrunkSetType);
-  PromptRecorder ok(IDOK);
-  EXPECT_TRUE(ReadPersonalityGlobalSets(p, CString(dir)));
-  EXPECT_TRUE(ok.said.empty());
-  auto* refreshed = static_cast<CTrunkSet*>(p->GetSetAt(0, TrunkSetType));
-  ASSERT_EQ(refreshed->GetNumEsks(), 1);
-  EXPECT_EQ(refreshed->GetEskAt(0)->GetEskId(), "K7");
-  EXPECT_EQ(refreshed->GetEskAt(0)->GetEsk(), 7);
-  // The refreshed personality saves and copies with its keys.
-  CPersonality copy(*p);
-  EXPECT_EQ(static_cast<CTrunkSet*>(copy.GetSetAt(0, TrunkSetType))->GetEskAt(0)->GetEskId(), "K7");
-}
-
-TEST(GlobalSets, RefreshListsTheFolderOnceForManySets) {
-  const std::string dir = FreshDir("many");
-  auto* p = new CPersonality;
-  std::unique_ptr<CPersonality> owner(p);
-  for (int i = 0; i < 60; ++i) {
-    const std::string name = "S" + std::to_string(i);
-    CPhoneSet set;
-    set.SetName(name.c_str());
-    set.SetScope(1);
-    ASSERT_TRUE(WriteSet(&set, CString(dir + "/" + name + ".phs"), false));
-    auto* local = new CPhoneSet;
-    local->SetName(name.c_str());
-    local->SetScope(1);
-    p->AddSet(local, PhoneSetType);
-  }
-  PromptRecorder ok(IDOK);
-  EXPECT_TRUE(ReadPersonalityGlobalSets(p, CString(dir)));
-  EXPECT_TRUE(ok.said.empty());
-  EXPECT_EQ(p->GetNumSets(PhoneSetType), 60);
-  EXPECT_EQ(p->GetSetAt(59, PhoneSetType)->GetName(), "S59");
 }
 
 }  // namespace
