@@ -246,6 +246,7 @@ TEST(GlobalSets, RefreshKeepsTheLocalCopyWhenTheFileCannotBeUsed) {
   typed->VisitFields(type10);
   ASSERT_TRUE(WriteSet(typed.get(), CString(dir) + "/Typed.GRS", false));
   WriteFileAtomically(dir + "/Broken.GRS", std::vector<BYTE>{0xFF, 0xFF, 0x01});
+  WriteFileAtomically(dir + "/Null.GRS", std::vector<BYTE>{0x00, 0x00});  // a null record
   ASSERT_EQ(std::system(("mkdir -p '" + dir + "/sub' && touch '" + dir + "/sub/x.GRS'").c_str()),
             0);
 
@@ -253,21 +254,22 @@ TEST(GlobalSets, RefreshKeepsTheLocalCopyWhenTheFileCannotBeUsed) {
   std::unique_ptr<CPersonality> owner(p);
   p->AddSet(Channels("Hot", 810.0), ConvSetType);
   p->AddSet(Channels("Gone", 810.0), ConvSetType);
-  for (const char* name : {"Wrong", "Typed", "Broken", "../failures/sub/x", "sub/x"}) {
+  for (const char* name : {"Wrong", "Typed", "Broken", "Null", "../failures/sub/x", "sub/x"}) {
     p->AddSet(Groups(name, {"Mine"}), GroupSetType);
   }
   PromptRecorder ok(IDOK);
   EXPECT_TRUE(ReadPersonalityGlobalSets(p, CString(dir)));
-  ASSERT_EQ(ok.said.size(), 7u);
+  ASSERT_EQ(ok.said.size(), 8u);
   // Group sets come before conventional sets.
   EXPECT_EQ(ok.said[0], "Global Group set Wrong not found, using local copy");
   EXPECT_EQ(ok.said[1], "Global Group set Typed not found, using local copy");
   EXPECT_EQ(ok.said[2].rfind("Global Group set Broken could not be read (", 0), 0u) << ok.said[2];
-  EXPECT_EQ(ok.said[3],
+  EXPECT_EQ(ok.said[3], "Global Group set Null not found, using local copy");
+  EXPECT_EQ(ok.said[4],
             "Global Group set ../failures/sub/x is not a usable file name, using local copy");
-  EXPECT_EQ(ok.said[4], "Global Group set sub/x is not a usable file name, using local copy");
-  EXPECT_EQ(ok.said[5], "Global Conv set Hot contains out of range frequencies, using local copy");
-  EXPECT_EQ(ok.said[6], "Global Conv set Gone not found, using local copy");
+  EXPECT_EQ(ok.said[5], "Global Group set sub/x is not a usable file name, using local copy");
+  EXPECT_EQ(ok.said[6], "Global Conv set Hot contains out of range frequencies, using local copy");
+  EXPECT_EQ(ok.said[7], "Global Conv set Gone not found, using local copy");
   for (SetType type : {GroupSetType, ConvSetType}) {
     for (int i = 0; i < p->GetNumSets(type); ++i) {
       const CSet* set = p->GetSetAt(i, type);
@@ -278,7 +280,7 @@ TEST(GlobalSets, RefreshKeepsTheLocalCopyWhenTheFileCannotBeUsed) {
   EXPECT_EQ(static_cast<CConvChannel*>(p->GetSetAt(0, ConvSetType)->GetAt(0))->GetTxFreq(), 810.0);
   // A second refresh has nothing left to do.
   EXPECT_TRUE(ReadPersonalityGlobalSets(p, CString(dir)));
-  EXPECT_EQ(ok.said.size(), 7u);
+  EXPECT_EQ(ok.said.size(), 8u);
 }
 
 }  // namespace
