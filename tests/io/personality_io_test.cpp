@@ -1,8 +1,7 @@
-// Whole-file personality loads and saves, and the personality JSON document: the vector goes
-// archive -> JSON -> archive unchanged, trailing bytes are counted, damage is reported.
+// The personality JSON document (the vector goes archive -> JSON -> archive unchanged) and the
+// kind of a file told from its first bytes.
 #include <gtest/gtest.h>
 
-#include <persona/framework/file_io.h>
 #include <persona/io/json/personality_json.h>
 #include <persona/io/personality_file.h>
 #include "support/test_data.h"
@@ -23,22 +22,6 @@ TEST(PersonalityIo, VectorTravelsThroughJsonUnchanged) {
   EXPECT_EQ(ExportPersonalityJson(*back).dump(), doc.dump());
 }
 
-TEST(PersonalityIo, TrailingBytesAreCountedAndDamageIsReported) {
-  std::vector<BYTE> bytes = test::ReadTestFile("vectors/personality_empty.bin");
-  bytes.push_back(0xAA);
-  bytes.push_back(0xBB);
-  EXPECT_EQ(LoadPersonalityBytes(bytes.data(), bytes.size(), "t.pers").trailingBytes, 2u);
-  try {
-    LoadPersonalityBytes(bytes.data(), 40, "cut.pers");
-    FAIL();
-  } catch (const CArchiveException& e) {
-    EXPECT_EQ(e.m_cause, CArchiveException::endOfFile);
-    EXPECT_EQ(std::string(e.what()).rfind("cut.pers: byte ", 0), 0u) << e.what();
-  }
-  EXPECT_THROW(ImportPersonalityJson(Json::parse(R"({"format":"other"})"), "x.json"),
-               CJsonImportException);
-}
-
 TEST(PersonalityIo, TheKindOfAFileIsToldFromItsFirstBytes) {
   const auto kind = [](const std::vector<BYTE>& bytes) {
     return SniffFileKind(bytes.data(), bytes.size());
@@ -56,21 +39,6 @@ TEST(PersonalityIo, TheKindOfAFileIsToldFromItsFirstBytes) {
   EXPECT_EQ(kind({' ', '\n'}), FileKind::Unknown);
   EXPECT_EQ(kind({0, '{'}), FileKind::Unknown);
   EXPECT_STREQ(FileKindName(FileKind::SetFile), "a global set file");
-}
-
-TEST(PersonalityIo, SaveIsAtomicAndKeepsABackup) {
-  const std::string path = ::testing::TempDir() + "/persona_io_save.pers";
-  std::remove(path.c_str());
-  std::remove((path + ".bak").c_str());
-  CPersonality first;
-  first.SetName("First");
-  SavePersonalityFile(path, first);
-  CPersonality second;
-  second.SetName("Second");
-  SavePersonalityFile(path, second, true);
-  EXPECT_EQ(LoadPersonalityFile(path).personality->GetName(), "Second");
-  EXPECT_EQ(LoadPersonalityFile(path + ".bak").personality->GetName(), "First");
-  EXPECT_THROW(LoadPersonalityFile(path + ".missing"), CFileException);
 }
 
 }  // namespace
