@@ -97,6 +97,10 @@ TEST(PersonalitySets, ElementCountersWrapInSixteenBits) {
   p.AddSet(MakeSet("B", ConvSetType, 40000), ConvSetType);
   EXPECT_EQ(p.GetNumConvChans(), 14464);
   EXPECT_EQ(p.GetNumTrunkChans(), 0);
+  for (int invalid : {-1, kNumSetTypes}) {  // no list: nothing counted
+    EXPECT_EQ(p.GetNumElements(static_cast<SetType>(invalid)), 0);
+    EXPECT_EQ(p.GetNumSets(static_cast<SetType>(invalid)), 0);
+  }
 }
 
 TEST(PersonalitySets, LookupsFollowRenamesAndEveryChangeOfTheList) {
