@@ -28,77 +28,49 @@ std::unique_ptr<CPersonality> ForRadio(WORD radio) {
   return p;
 }
 
-int Count(const CPersonality& p, SystemType t) { return p.GetNumSystems(t); }
+// Systems per kind and sets per list (in type order), and "wan" while the WAN record stays.
+std::string Shape(const CPersonality& p) {
+  std::string s;
+  for (int t = 0; t < kNumSystemTypes; ++t) s += std::to_string(p.GetNumSystems(SystemType(t)));
+  s += " ";
+  for (int t = 0; t < kNumSetTypes; ++t) s += std::to_string(p.GetNumSets(SetType(t)));
+  return s + (p.GetOption<CP25tWanOpts>() != nullptr ? " wan" : "");
+}
 
-TEST(Prune, MessagingSystemsStayOnlyForMessagingRadios) {
-  auto keep = ForRadio(65);
-  ASSERT_TRUE(keep->RemoveUnusedSystemsAndSets());
-  EXPECT_EQ(Count(*keep, PlmSystemType), 1);
-  EXPECT_EQ(keep->GetNumSets(PlmGroupSetType), 1);
-
+// Pruning the sample (one system of every kind, one set in every list) for each model: the
+// system kinds the model does not run go, then the sets nothing names any more (a
+// conventional-only model loses every conventional set, used or not), and the names of
+// removed systems leave the records that named them.
+TEST(Prune, EachModelKeepsTheSystemKindsItRunsAndTheSetsStillNamed) {
+  // Systems: trunked, conventional, messaging, P25 conventional, extended addressing, P25
+  // trunked; then the sets of types 0 to 10.
+  // 65 messaging, 74 trunked only, 88 P25 conventional (its P25 group set is still named by
+  // the P25 conventional set), 101 P25 trunked, 27 to 52 conventional only.
+  const std::pair<WORD, const char*> rows[] = {
+      {65, "111000 11111111000"},      {1, "110000 11111100000"},  {74, "100000 10111100000"},
+      {101, "110111 11111100111 wan"}, {88, "110110 11111100111"}, {27, "010000 01010000000"},
+      {28, "010000 01010000000"},      {29, "010000 01010000000"}, {30, "010000 01010000000"},
+      {33, "010000 01010000000"},      {52, "010000 01010000000"}, {31, "110000 11111100000"}};
+  for (const auto& [radio, shape] : rows) {
+    auto p = ForRadio(radio);
+    auto* spare = new CConvSet;
+    spare->SetName("SPARE");
+    p->AddSet(spare, ConvSetType);
+    ASSERT_TRUE(p->RemoveUnusedSystemsAndSets());
+    EXPECT_EQ(Shape(*p), shape) << radio;
+  }
   auto lose = ForRadio(1);
   ASSERT_TRUE(lose->RemoveUnusedSystemsAndSets());
-  EXPECT_EQ(Count(*lose, PlmSystemType), 0);
-  EXPECT_EQ(lose->GetNumSets(PlmGroupSetType), 0);  // nothing names it any more
-  EXPECT_EQ(lose->GetNumSets(PlmSpCallSetType), 0);
-  // Radio 1: trunked and conventional systems stay, P25 and extended addressing go.
-  EXPECT_EQ(Count(*lose, TrunkedSystemType), 1);
-  EXPECT_EQ(Count(*lose, ConvSystemType), 1);
-  EXPECT_EQ(Count(*lose, P25TrkSystemType), 0);
-  EXPECT_EQ(Count(*lose, P25ConvSystemType), 0);
-  EXPECT_EQ(Count(*lose, EaSystemType), 0);
-  EXPECT_EQ(lose->GetOption<CP25tWanOpts>(), nullptr);
-  // The removed P25 system left T1's scan list; the P25 group set went with P1 and PC.
-  EXPECT_EQ(GetText(*lose->GetSystem("T1"), "ScannedSystems"), "C1");
-  EXPECT_EQ(lose->GetNumSets(P25GroupSetType), 0);
-  EXPECT_EQ(lose->GetNumSets(P25ConvSetType), 0);
-  EXPECT_EQ(lose->GetNumSets(EaGroupSetType), 0);
-  EXPECT_EQ(lose->GetNumSets(GroupSetType), 1);
-}
-
-TEST(Prune, ConventionalOnlyModelsLoseEveryConventionalSet) {
-  auto p = ForRadio(74);
-  auto* spare = new CConvSet;
-  spare->SetName("SPARE");
-  p->AddSet(spare, ConvSetType);
-  ASSERT_TRUE(p->RemoveUnusedSystemsAndSets());
-  EXPECT_EQ(Count(*p, ConvSystemType), 0);
-  EXPECT_EQ(p->GetNumSets(ConvSetType), 0);  // used or not
-  // The conventional system's name is gone from the records that named it.
-  EXPECT_EQ(GetText(*p->GetOption<CVantorOpts>(), "System"), "");
-  EXPECT_EQ(GetText(*p->GetOption<CVantorOpts>(), "Channel"), "");
-  EXPECT_EQ(GetText(*p->GetSystem("T1"), "PriSys"), "");
-}
-
-TEST(Prune, P25TrunkedModelsKeepTheirSystemsAndWanRecord) {
-  auto keep = ForRadio(101);
-  ASSERT_TRUE(keep->RemoveUnusedSystemsAndSets());
-  EXPECT_EQ(Count(*keep, P25TrkSystemType), 1);
-  EXPECT_NE(keep->GetOption<CP25tWanOpts>(), nullptr);
-  EXPECT_EQ(Count(*keep, PlmSystemType), 0);
-
+  EXPECT_EQ(GetText(*lose->GetSystem("T1"), "ScannedSystems"), "C1");  // P1 left the scan list
+  auto trunkedOnly = ForRadio(74);
+  ASSERT_TRUE(trunkedOnly->RemoveUnusedSystemsAndSets());
+  for (const char* field : {"System", "Channel"}) {
+    EXPECT_EQ(GetText(*trunkedOnly->GetOption<CVantorOpts>(), field), "") << field;
+  }
+  EXPECT_EQ(GetText(*trunkedOnly->GetSystem("T1"), "PriSys"), "");
   auto conv = ForRadio(88);
   ASSERT_TRUE(conv->RemoveUnusedSystemsAndSets());
-  EXPECT_EQ(Count(*conv, P25TrkSystemType), 0);
-  EXPECT_EQ(conv->GetOption<CP25tWanOpts>(), nullptr);
-  EXPECT_EQ(Count(*conv, P25ConvSystemType), 1);
-  EXPECT_EQ(Count(*conv, EaSystemType), 1);
-  // The P25 group set is no longer named by a P25 trunked system, but the P25 conventional
-  // set still names it.
-  EXPECT_EQ(conv->GetNumSets(P25GroupSetType), 1);
   EXPECT_EQ(GetText(*conv->GetOption<CPowerUpOpts>(), "SystemName"), "");
-}
-
-TEST(Prune, TrunkedSystemsGoForTheirShortList) {
-  for (WORD radio : {27, 28, 29, 30, 33, 52}) {
-    auto p = ForRadio(radio);
-    EXPECT_EQ(p->RemoveSystems(TrunkedSystemType), 1);
-    ASSERT_TRUE(p->RemoveUnusedSystemsAndSets());
-    EXPECT_EQ(Count(*p, TrunkedSystemType), 0) << radio;
-  }
-  auto p = ForRadio(31);
-  ASSERT_TRUE(p->RemoveUnusedSystemsAndSets());
-  EXPECT_EQ(Count(*p, TrunkedSystemType), 1);
 }
 
 TEST(Prune, SetNamesCompareIgnoringCaseAndOnlyConsultedKindsCount) {
