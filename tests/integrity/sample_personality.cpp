@@ -1,219 +1,106 @@
-// The sample personality of the reference maintenance tests.
+// The sample personality of the reference maintenance tests, built from a text of one record
+// per line, its fields set through their text form.
 #include "integrity/sample_personality.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstring>
-#include <type_traits>
+#include <sstream>
 
-#include <persona/calls/icall_set.h>
-#include <persona/calls/phone_set.h>
-#include <persona/calls/plm_sp_call_set.h>
-#include <persona/calls/sp_call_set.h>
-#include <persona/conventional/conv_set.h>
-#include <persona/conventional/p25_conv_set.h>
-#include <persona/options/gen_radio_opts.h>
+#include <persona/io/field_text.h>
 #include <persona/options/p25_wan_opts.h>
-#include <persona/options/power_up_opts.h>
-#include <persona/options/scan_opts.h>
-#include <persona/options/vantor_opts.h>
-#include <persona/systems/conv_system.h>
-#include <persona/systems/ext_add_group_set.h>
-#include <persona/systems/ext_add_system.h>
-#include <persona/systems/group_set.h>
-#include <persona/systems/p25_conv_system.h>
-#include <persona/systems/p25_group_set.h>
-#include <persona/systems/p25_trk_system.h>
-#include <persona/systems/plm_group_set.h>
-#include <persona/systems/plm_system.h>
-#include <persona/systems/trunk_set.h>
-#include <persona/systems/trunk_system.h>
+#include <persona/systems/system.h>
 
 namespace persona::test {
 
 namespace {
 
-// Finds the string field or list called name.
-class TextField : public CFieldSkipper {
- public:
-  using CFieldSkipper::Field;
-  explicit TextField(const char* name) : m_name(name) {}
-  CString* text = nullptr;
-  CStringArray* list = nullptr;
-
-  void Field(const FieldInfo& f, CString& v) override {
-    if (text == nullptr && std::strcmp(f.name, m_name) == 0) text = &v;
-  }
-  void Field(const FieldInfo& f, CStringArray& v) override {
-    if (list == nullptr && std::strcmp(f.name, m_name) == 0) list = &v;
-  }
-
- private:
-  const char* m_name;
-};
-
-using Fields = std::initializer_list<std::pair<const char*, const char*>>;
-
-// Sets each named field of rec as SetText does.
-template <class T>
-T* With(T* rec, Fields fields) {
-  for (const auto& [field, value] : fields) SetText(*rec, field, value);
-  return rec;
-}
-
-// A set named name holding elements of class E with the given names (channels inside the
-// default band limits), and fields set as With does.
-template <class S, class E = void>
-S* NamedSet(const char* name, std::initializer_list<const char*> elements = {},
-            Fields fields = {}) {
-  auto* set = With(new S, {{"Name", name}});
-  if constexpr (!std::is_void_v<E>) {
-    for (const char* n : elements) {
-      auto* e = With(new E, {{"Name", n}});
-      if constexpr (std::is_same_v<E, CConvChannel> || std::is_same_v<E, CP25ConvChannel>) {
-        e->SetTxFreq(810.0);
-        e->SetRxFreq(855.0);
-      }
-      set->Add(e);
-    }
-  }
-  return With(set, fields);
-}
-
-void AddSystems(CPersonality& p, bool withMessaging) {
-  p.AddSystem(With(new CTrunkSystem, {{"Name", "T1"},
-                                      {"TrunkSetName", "TRK"},
-                                      {"GroupSetName", "GRP"},
-                                      {"PhoneSetName", "PH"},
-                                      {"iCallSetName", "IC"},
-                                      {"SpCallSetName", "SP"},
-                                      {"ScannedSystems", "C1,P1"},
-                                      {"PriSys", "C1"},
-                                      {"CnvPriSystem", "C1"},
-                                      {"CnvPriChannel", "CH2"}}));
-  auto* c1 =
-      With(new CConvSystem, {{"Name", "C1"}, {"ConvSetName", "CONV"}, {"PhoneSetName", "PH"}});
-  c1->SetSysType(ConvSystemType);
-  p.AddSystem(c1);
-  p.AddSystem(With(new CP25TrkSystem,  // set names ignore case: "trk"
-                   {{"Name", "P1"},
-                    {"TrunkSetName", "trk"},
-                    {"GroupSetName", "P25G"},
-                    {"PhoneSetName", "PH"},
-                    {"iCallSetName", "IC"},
-                    {"WaNetName", "WAN1"},
-                    {"HomeWanName", "WAN1"},
-                    {"ScannedSystems", "T1"}}));
-  auto* pc = With(new CP25ConvSystem,
-                  {{"Name", "PC"}, {"P25ConvSetName", "P25C"}, {"IcallSetName", "IC"}});
-  pc->SetSysType(P25ConvSystemType);
-  p.AddSystem(pc);
-  p.AddSystem(
-      With(new CExtAddSystem, {{"Name", "E1"}, {"TrunkSetName", "TRK"}, {"GroupSetName", "EAG"}}));
-  if (withMessaging) {
-    auto* m1 = With(new CPlmSystem, {{"Name", "M1"},
-                                     {"TrunkSetName", "TRK"},
-                                     {"GroupSetName", "PLMG"},
-                                     {"SpCallSetName", "PLMSP"},
-                                     {"ScannedSystems", "T1,C1"}});
-    m1->SetSysType(PlmSystemType);
-    p.AddSystem(m1);
-  }
-}
-
-void AddSets(CPersonality& p, bool withMessaging) {
-  p.AddSet(NamedSet<CTrunkSet>("TRK"), TrunkSetType);
-  p.AddSet(NamedSet<CGroupSet, CGroup>("GRP", {"G1", "G2", "G3"},
-                                       {{"HomeGrp", "G1"},
-                                        {"Priority1Grp", "G2"},
-                                        {"Priority2Grp", "G3"},
-                                        {"PriorityTalkGrp", "G2"}}),
-           GroupSetType);
-  p.AddSet(NamedSet<CP25GroupSet, CP25Group>(
-               "P25G", {"PG1", "PG2"},
-               {{"HomeGrp", "PG1"}, {"Priority1Grp", "PG2"}, {"Priority2Grp", "PG1"}}),
-           P25GroupSetType);
-  p.AddSet(NamedSet<CExtAddGroupSet, CExtAddGroup>("EAG", {"EG1"}, {{"HomeGrp", "EG1"}}),
-           EaGroupSetType);
-  p.AddSet(NamedSet<CConvSet, CConvChannel>("CONV", {"CH1", "CH2", "CH3"},
-                                            {{"HomeChan", "CH1"},
-                                             {"P1Chan", "CH2"},
-                                             {"P2Chan", "CH3"},
-                                             {"WideScanChan", "CH1"},
-                                             {"AltPttChan", "CH2"}}),
-           ConvSetType);
-  p.AddSet(
-      NamedSet<CP25ConvSet, CP25ConvChannel>("P25C", {"PCH1", "PCH2"}, {{"P25GroupSet", "P25G"}}),
-      P25ConvSetType);
-  p.AddSet(NamedSet<CPhoneSet>("PH"), PhoneSetType);
-  auto* ic = NamedSet<CICallSet, CICall>("IC", {"Desk"});
-  SetText(*ic->GetAt(0), "WaNetName", "WAN1");
-  p.AddSet(ic, ICallSetType);
-  p.AddSet(NamedSet<CSpCallSet>("SP"), SpCallSetType);
-  if (withMessaging) {
-    p.AddSet(NamedSet<CPlmGroupSet, CPlmGroup>("PLMG", {"MG1"}), PlmGroupSetType);
-    p.AddSet(NamedSet<CPlmSpCallSet>("PLMSP"), PlmSpCallSetType);
-  }
-}
-
-void AddOptions(CPersonality& p) {
-  // CallBackMess is a message text that happens to spell a system name, not a reference.
-  p.PutOption(With(new CGenRadioOpts, {{"TestUnitSystem", "T1"},
-                                       {"HomeSystem", "C1"},
-                                       {"CallBackMess", "T1"},
-                                       {"CnvTestSet", "conv"}}));
-  p.PutOption(With(new CVantorOpts,
-                   {{"System", "C1"}, {"Channel", "CH3"}, {"TrkSystem", "T1"}, {"Group", "G3"}}));
-  p.PutOption(With(new CConvScanOpts, {{"HomeSystem", "C1"}, {"HomeChan", "CH1"}}));
-  p.PutOption(
-      With(new CLumoConvScanOpts,
-           {{"P1System", "C1"}, {"P1Chan", "CH2"}, {"P2System", "PC"}, {"P2Chan", "PCH2"}}));
-  p.PutOption(With(new CPowerUpOpts, {{"SystemName", "P1"}, {"GroupName", "PG2"}}));
-  auto* wans = new CP25tWanOpts;
-  auto* wan = new CP25TrkWan;
-  wan->SetNetworkName("WAN1");
-  wans->AddWan(wan);
-  p.PutOption(wans);
-}
+// "KIND CLASS [TYPE] field=value ...": system (of kind TYPE), set (in list TYPE), element (of
+// the last set), option, wan (of the WAN option record). Lines marked + are the messaging part.
+// Set names ignore case: P1 names its trunk set "trk", CnvTestSet names "conv". CallBackMess is
+// a message text that happens to spell a system name, not a reference.
+constexpr const char* kSample = R"(
+system CTrunkSystem 0 Name=T1 TrunkSetName=TRK GroupSetName=GRP PhoneSetName=PH iCallSetName=IC SpCallSetName=SP ScannedSystems=C1,P1 PriSys=C1 CnvPriSystem=C1 CnvPriChannel=CH2
+system CConvSystem 1 Name=C1 ConvSetName=CONV PhoneSetName=PH
+system CP25TrkSystem 5 Name=P1 TrunkSetName=trk GroupSetName=P25G PhoneSetName=PH iCallSetName=IC WaNetName=WAN1 HomeWanName=WAN1 ScannedSystems=T1
+system CP25ConvSystem 3 Name=PC P25ConvSetName=P25C IcallSetName=IC
+system CExtAddSystem 4 Name=E1 TrunkSetName=TRK GroupSetName=EAG
++system CPlmSystem 2 Name=M1 TrunkSetName=TRK GroupSetName=PLMG SpCallSetName=PLMSP ScannedSystems=T1,C1
+set CTrunkSet 0 Name=TRK
+set CGroupSet 2 Name=GRP HomeGrp=G1 Priority1Grp=G2 Priority2Grp=G3 PriorityTalkGrp=G2
+element CGroup Name=G1
+element CGroup Name=G2
+element CGroup Name=G3
+set CP25GroupSet 9 Name=P25G HomeGrp=PG1 Priority1Grp=PG2 Priority2Grp=PG1
+element CP25Group Name=PG1
+element CP25Group Name=PG2
+set CExtAddGroupSet 10 Name=EAG HomeGrp=EG1
+element CExtAddGroup Name=EG1
+set CConvSet 1 Name=CONV HomeChan=CH1 P1Chan=CH2 P2Chan=CH3 WideScanChan=CH1 AltPttChan=CH2
+element CConvChannel Name=CH1 TxFreq=810 RxFreq=855
+element CConvChannel Name=CH2 TxFreq=810 RxFreq=855
+element CConvChannel Name=CH3 TxFreq=810 RxFreq=855
+set CP25ConvSet 8 Name=P25C P25GroupSet=P25G
+element CP25ConvChannel Name=PCH1 TxFreq=810 RxFreq=855
+element CP25ConvChannel Name=PCH2 TxFreq=810 RxFreq=855
+set CPhoneSet 3 Name=PH
+set CICallSet 4 Name=IC
+element CICall Name=Desk WaNetName=WAN1
+set CSpCallSet 5 Name=SP
++set CPlmGroupSet 6 Name=PLMG
++element CPlmGroup Name=MG1
++set CPlmSpCallSet 7 Name=PLMSP
+option CGenRadioOpts TestUnitSystem=T1 HomeSystem=C1 CallBackMess=T1 CnvTestSet=conv
+option CVantorOpts System=C1 Channel=CH3 TrkSystem=T1 Group=G3
+option CConvScanOpts HomeSystem=C1 HomeChan=CH1
+option CLumoConvScanOpts P1System=C1 P1Chan=CH2 P2System=PC P2Chan=PCH2
+option CPowerUpOpts SystemName=P1 GroupName=PG2
+option CP25tWanOpts
+wan CP25TrkWan NetworkName=WAN1
+)";
 
 }  // namespace
 
 void SetText(CObject& rec, const char* field, const char* value) {
-  TextField f(field);
-  rec.VisitFields(f);
-  ASSERT_TRUE(f.text != nullptr || f.list != nullptr) << rec.GetClassName() << " has no " << field;
-  if (f.text != nullptr) {
-    *f.text = value;
-    return;
-  }
-  f.list->RemoveAll();
-  for (std::string rest = value; !rest.empty();) {
-    const std::size_t comma = std::min(rest.find(','), rest.size());
-    f.list->Add(rest.substr(0, comma));
-    rest.erase(0, comma + 1);
-  }
+  SetFieldText(rec, field, value);
 }
 
 std::string GetText(CObject& rec, const char* field) {
-  TextField f(field);
-  rec.VisitFields(f);
-  if (f.text != nullptr) return f.text->str();
-  if (f.list == nullptr) {
-    ADD_FAILURE() << rec.GetClassName() << " has no field " << field;
-    return "";
-  }
-  std::string joined;
-  for (const CString& s : *f.list) joined += (joined.empty() ? "" : ",") + s.str();
-  return joined;
+  std::string out;
+  EXPECT_TRUE(GetFieldText(rec, field, out)) << rec.GetClassName() << " has no field " << field;
+  return out;
 }
 
 std::unique_ptr<CPersonality> SamplePersonality(bool withMessaging) {
   auto p = std::make_unique<CPersonality>();
   p->SetLastRadio(101);
-  AddSystems(*p, withMessaging);
-  AddSets(*p, withMessaging);
-  AddOptions(*p);
+  std::istringstream lines(kSample);
+  CSet* set = nullptr;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.empty() || (line[0] == '+' && !withMessaging)) continue;
+    std::istringstream words(line[0] == '+' ? line.substr(1) : line);
+    std::string kind;
+    std::string cls;
+    int type = 0;
+    words >> kind >> cls;
+    if (kind == "system" || kind == "set") words >> type;
+    CObject* rec = CRuntimeClass::FromName(cls.c_str())->CreateObject();
+    for (std::string field; words >> field;) {
+      SetFieldText(*rec, field.substr(0, field.find('=')), field.substr(field.find('=') + 1));
+    }
+    if (kind == "system") {
+      static_cast<CSystem*>(rec)->SetSysType(static_cast<SystemType>(type));
+      p->AddSystem(static_cast<CSystem*>(rec));
+    } else if (kind == "set") {
+      set = static_cast<CSet*>(rec);
+      p->AddSet(set, static_cast<SetType>(type));
+    } else if (kind == "element") {
+      set->Add(rec);
+    } else if (kind == "wan") {
+      p->GetOption<CP25tWanOpts>()->AddWan(static_cast<CP25TrkWan*>(rec));
+    } else {
+      p->PutOption(rec);
+    }
+  }
   return p;
 }
 

@@ -1,9 +1,8 @@
 // A personality in which every kind of name field names something that exists, for the tests
-// of reference maintenance, the checker and pruning; fields are set by name through the
-// records' field descriptions.
+// of reference maintenance, the checker and pruning; fields are set by name through their
+// text form.
 #pragma once
 
-#include <initializer_list>
 #include <memory>
 #include <string>
 
@@ -12,10 +11,10 @@
 
 namespace persona::test {
 
-// Sets the string field called field of rec, or the list of strings to the entries of value
-// separated by ','; fails the test when rec has no such field.
+// Sets the field called field of rec from its text form (a list: entries separated by ',');
+// throws when rec has no such field.
 void SetText(CObject& rec, const char* field, const char* value);
-// The value of a string field (list entries joined with ',').
+// The value of a field in its text form (list entries joined with ", ").
 std::string GetText(CObject& rec, const char* field);
 
 // Systems T1 (trunked), C1 (conventional), P1 (P25 trunked), PC (P25 conventional), E1
