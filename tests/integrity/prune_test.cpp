@@ -2,17 +2,12 @@
 // stay because something names them, and the counts the steps return.
 #include <gtest/gtest.h>
 
-#include <persona/calls/phone_set.h>
 #include <persona/conventional/conv_set.h>
 #include <persona/options/gen_radio_opts.h>
 #include <persona/options/p25_wan_opts.h>
 #include <persona/options/power_up_opts.h>
 #include <persona/options/vantor_opts.h>
 #include <persona/personality/personality.h>
-#include <persona/systems/conv_system.h>
-#include <persona/systems/p25_conv_system.h>
-#include <persona/systems/system.h>
-#include <persona/systems/trunk_system.h>
 #include "integrity/sample_personality.h"
 
 namespace persona {
@@ -20,7 +15,6 @@ namespace {
 
 using test::GetText;
 using test::SamplePersonality;
-using test::SetText;
 
 std::unique_ptr<CPersonality> ForRadio(WORD radio) {
   auto p = SamplePersonality();
@@ -74,21 +68,17 @@ TEST(Prune, EachModelKeepsTheSystemKindsItRunsAndTheSetsStillNamed) {
 }
 
 TEST(Prune, SetNamesCompareIgnoringCaseAndOnlyConsultedKindsCount) {
+  // P25 conventional systems do not name phone sets: Harbor is named only as a P25 set.
   CPersonality p;
-  auto* trunked = new CTrunkSystem;
-  trunked->SetName("North");
-  trunked->SetPhoneSetName("CITY");
-  p.AddSystem(trunked);
-  auto* p25 = new CP25ConvSystem;
-  p25->SetSysType(P25ConvSystemType);
-  p25->SetName("Ops");
-  SetText(*p25, "P25ConvSetName", "Harbor");  // P25 conventional systems do not name phone sets
-  p.AddSystem(p25);
-  for (const char* name : {"City", "Harbor", "A", "B", "county"}) {
-    auto* set = new CPhoneSet;
-    set->SetName(name);
-    p.AddSet(set, PhoneSetType);
-  }
+  test::AddRecords(p, R"(
+system CTrunkSystem 0 Name=North PhoneSetName=CITY
+system CP25ConvSystem 3 Name=Ops P25ConvSetName=Harbor
+set CPhoneSet 3 Name=City
+set CPhoneSet 3 Name=Harbor
+set CPhoneSet 3 Name=A
+set CPhoneSet 3 Name=B
+set CPhoneSet 3 Name=county
+)");
   EXPECT_EQ(p.checkForSystemReferencesToSet("city", PhoneSetType), 1);
   EXPECT_EQ(p.checkForSystemReferencesToSet("Harbor", PhoneSetType), 0);
   EXPECT_EQ(p.checkForSystemReferencesToSet("Harbor", P25ConvSetType), 1);
@@ -102,23 +92,17 @@ TEST(Prune, SetNamesCompareIgnoringCaseAndOnlyConsultedKindsCount) {
 }
 
 TEST(Prune, TwoAdjacentUnusedSetsAndTheKeepRules) {
+  // A trunked system does not name conventional sets; the general options' test set counts.
   CPersonality p;
-  for (const char* name : {"USED", "X1", "X2", "TEST"}) {
-    auto* set = new CConvSet;
-    set->SetName(name);
-    p.AddSet(set, ConvSetType);
-  }
-  auto* conv = new CTrunkSystem;  // a trunked system naming a conventional set does not count
-  conv->SetName("T");
-  p.AddSystem(conv);
-  auto* c = new CConvSystem;
-  c->SetSysType(ConvSystemType);
-  c->SetName("C");
-  SetText(*c, "ConvSetName", "used");
-  p.AddSystem(c);
-  auto* general = new CGenRadioOpts;
-  SetText(*general, "CnvTestSet", "Test");
-  p.PutOption(general);
+  test::AddRecords(p, R"(
+set CConvSet 1 Name=USED
+set CConvSet 1 Name=X1
+set CConvSet 1 Name=X2
+set CConvSet 1 Name=TEST
+system CTrunkSystem 0 Name=T
+system CConvSystem 1 Name=C ConvSetName=used
+option CGenRadioOpts CnvTestSet=Test
+)");
   EXPECT_EQ(p.RemoveUnusedConvSets(), 2);
   ASSERT_EQ(p.GetNumSets(ConvSetType), 2);
   EXPECT_EQ(p.GetSetAt(0, ConvSetType)->GetName(), "USED");

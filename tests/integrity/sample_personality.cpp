@@ -14,10 +14,9 @@ namespace persona::test {
 
 namespace {
 
-// "KIND CLASS [TYPE] field=value ...": system (of kind TYPE), set (in list TYPE), element (of
-// the last set), option, wan (of the WAN option record). Lines marked + are the messaging part.
-// Set names ignore case: P1 names its trunk set "trk", CnvTestSet names "conv". CallBackMess is
-// a message text that happens to spell a system name, not a reference.
+// Lines marked + are the messaging part. Set names ignore case: P1 names its trunk set "trk",
+// CnvTestSet names "conv". CallBackMess is a message text that happens to spell a system name, not
+// a reference.
 constexpr const char* kSample = R"(
 system CTrunkSystem 0 Name=T1 TrunkSetName=TRK GroupSetName=GRP PhoneSetName=PH iCallSetName=IC SpCallSetName=SP ScannedSystems=C1,P1 PriSys=C1 CnvPriSystem=C1 CnvPriChannel=CH2
 system CConvSystem 1 Name=C1 ConvSetName=CONV PhoneSetName=PH
@@ -70,13 +69,11 @@ std::string GetText(CObject& rec, const char* field) {
   return out;
 }
 
-std::unique_ptr<CPersonality> SamplePersonality(bool withMessaging) {
-  auto p = std::make_unique<CPersonality>();
-  p->SetLastRadio(101);
-  std::istringstream lines(kSample);
+void AddRecords(CPersonality& p, const char* text, bool withMarked) {
+  std::istringstream lines(text);
   CSet* set = nullptr;
   for (std::string line; std::getline(lines, line);) {
-    if (line.empty() || (line[0] == '+' && !withMessaging)) continue;
+    if (line.empty() || (line[0] == '+' && !withMarked)) continue;
     std::istringstream words(line[0] == '+' ? line.substr(1) : line);
     std::string kind;
     std::string cls;
@@ -89,18 +86,24 @@ std::unique_ptr<CPersonality> SamplePersonality(bool withMessaging) {
     }
     if (kind == "system") {
       static_cast<CSystem*>(rec)->SetSysType(static_cast<SystemType>(type));
-      p->AddSystem(static_cast<CSystem*>(rec));
+      p.AddSystem(static_cast<CSystem*>(rec));
     } else if (kind == "set") {
       set = static_cast<CSet*>(rec);
-      p->AddSet(set, static_cast<SetType>(type));
+      p.AddSet(set, static_cast<SetType>(type));
     } else if (kind == "element") {
       set->Add(rec);
     } else if (kind == "wan") {
-      p->GetOption<CP25tWanOpts>()->AddWan(static_cast<CP25TrkWan*>(rec));
+      p.GetOption<CP25tWanOpts>()->AddWan(static_cast<CP25TrkWan*>(rec));
     } else {
-      p->PutOption(rec);
+      p.PutOption(rec);
     }
   }
+}
+
+std::unique_ptr<CPersonality> SamplePersonality(bool withMessaging) {
+  auto p = std::make_unique<CPersonality>();
+  p->SetLastRadio(101);
+  AddRecords(*p, kSample, withMessaging);
   return p;
 }
 

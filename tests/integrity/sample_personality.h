@@ -17,6 +17,12 @@ void SetText(CObject& rec, const char* field, const char* value);
 // The value of a field in its text form (list entries joined with ", ").
 std::string GetText(CObject& rec, const char* field);
 
+// Adds to p the records of text, one per line: "KIND CLASS [TYPE] field=value ..." with KIND
+// system (of kind TYPE), set (in list TYPE), element (of the last set), option or wan (of the
+// WAN option record). Values hold no blanks; list entries are separated by ','. Lines marked
+// with a leading + are added only when withMarked.
+void AddRecords(CPersonality& p, const char* text, bool withMarked = true);
+
 // Systems T1 (trunked), C1 (conventional), P1 (P25 trunked), PC (P25 conventional), E1
 // (extended addressing) and, with messaging, M1; the sets they name (TRK, GRP, P25G, EAG, CONV,
 // P25C, PH, IC, SP, and PLMG, PLMSP with messaging) with their channels and groups; the option
