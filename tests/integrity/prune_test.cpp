@@ -8,6 +8,7 @@
 #include <persona/options/power_up_opts.h>
 #include <persona/options/vantor_opts.h>
 #include <persona/personality/personality.h>
+#include <persona/systems/system.h>
 #include "integrity/sample_personality.h"
 
 namespace persona {
