@@ -117,7 +117,9 @@ TEST(StreamedJson, FaultsAreNamedByTheirPointer) {
     std::string record;    // the record path of the fault, as the tool prints it
   } faults[] = {
       {"/format", "persona-set", "/format", ""},
+      {"/format", Json::object(), "/format", ""},
       {"/formatVersion", 2, "/formatVersion", ""},
+      {"/formatVersion", "1", "/formatVersion", ""},
       {elements + "/1/RxFreq", "450", elements + "/1/RxFreq", channel + "RxFreq"},
       {elements + "/1/NoSuchField", 1, elements + "/1/NoSuchField", channel + "NoSuchField"},
       {elements + "/1/TxAddr", 70000, elements + "/1/TxAddr", channel + "TxAddr"},

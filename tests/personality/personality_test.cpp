@@ -34,22 +34,16 @@ constexpr std::size_t kSchemaOffset = 2;
 TEST(PersonalityVectors, EmptyPersonalityLoadsAndStoresBackByteForByte) {
   const std::vector<BYTE> bytes = ReadTestFile("vectors/personality_empty.bin");
   auto p = LoadAs<CPersonality>(bytes, "personality_empty.bin");
-  EXPECT_EQ(p->GetName(), "Demo");
-  EXPECT_EQ(p->GetDescription(), "bench sample");
-  EXPECT_EQ(p->GetSavedOn(), "2026-11-21 10:00");
-  EXPECT_EQ(p->GetSavedBy(), "tech");
-  EXPECT_EQ(p->GetVersion(), 20);
-  ASSERT_EQ(p->GetNumRadioTypes(), 1);
-  EXPECT_EQ(p->GetRadioTypeAt(0), 68);
-  EXPECT_EQ(p->GetTxMinFreq(), 806.0);
-  EXPECT_EQ(p->GetTxMaxFreq(), 825.0);
-  EXPECT_EQ(p->GetRxMinFreq(), 851.0);
-  EXPECT_EQ(p->GetRxMaxFreq(), 870.0);
-  EXPECT_EQ(p->GetLastRadio(), 68);
-  EXPECT_EQ(p->GetStoredSchema(), 4);
-  EXPECT_TRUE(p->IsLoaded());
-  EXPECT_EQ(p->GetNumSystems(), 0);
-  EXPECT_EQ(p->GetNumOptions(), 0);
+  const std::string header = p->GetName().str() + "|" + p->GetDescription().str() + "|" +
+                             p->GetSavedOn().str() + "|" + p->GetSavedBy().str();
+  EXPECT_EQ(header, "Demo|bench sample|2026-11-21 10:00|tech");
+  const double band[] = {p->GetTxMinFreq(), p->GetTxMaxFreq(), p->GetRxMinFreq(),
+                         p->GetRxMaxFreq()};
+  EXPECT_EQ(std::vector<double>(band, band + 4), (std::vector<double>{806, 825, 851, 870}));
+  const int numbers[] = {p->GetVersion(),    p->GetNumRadioTypes(), p->GetRadioTypeAt(0),
+                         p->GetLastRadio(),  p->GetStoredSchema(),  p->GetNumSystems(),
+                         p->GetNumOptions(), p->IsLoaded()};
+  EXPECT_EQ(std::vector<int>(numbers, numbers + 8), (std::vector<int>{20, 1, 68, 68, 4, 0, 0, 1}));
   EXPECT_EQ(Hex(StoreObject(p.get())), Hex(bytes));
 }
 
