@@ -71,46 +71,6 @@ class FaultyFile : public CFile {
   bool m_failFlush;
 };
 
-TEST(FileIo, WritesReadsAndKeepsABackup) {
-  const std::string dir = FreshDir("atomic");
-  const std::string path = dir + "/demo.pers";
-  WriteFileAtomically(path, {1, 2, 3});
-  EXPECT_EQ(ReadWholeFile(path), (std::vector<BYTE>{1, 2, 3}));
-  AtomicWriteOptions options;
-  options.keepBackup = true;
-  WriteFileAtomically(path, {4, 5}, options);
-  EXPECT_EQ(ReadWholeFile(path), (std::vector<BYTE>{4, 5}));
-  EXPECT_EQ(ReadWholeFile(path + ".bak"), (std::vector<BYTE>{1, 2, 3}));
-  EXPECT_EQ(Entries(dir), (std::vector<std::string>{"demo.pers", "demo.pers.bak"}));
-}
-
-TEST(FileIo, AFailedWriteLeavesTheOriginalUntouched) {
-  const std::string dir = FreshDir("faulty");
-  const std::string path = dir + "/demo.pers";
-  const std::vector<BYTE> original(5000, 0xAB);
-  WriteFileAtomically(path, original);
-  const std::vector<BYTE> replacement(3 << 20, 0xCD);
-  for (std::size_t budget : {std::size_t{0}, std::size_t{100}, std::size_t{(1 << 20) + 7}}) {
-    for (bool failFlush : {false, true}) {
-      if (failFlush && budget != 0) continue;
-      AtomicWriteOptions options;
-      options.keepBackup = true;
-      options.openTemp = [&](const std::string& temp) -> std::unique_ptr<CFile> {
-        return std::make_unique<FaultyFile>(temp, failFlush ? replacement.size() : budget,
-                                            failFlush);
-      };
-      try {
-        WriteFileAtomically(path, replacement, options);
-        FAIL() << "the faulty write succeeded";
-      } catch (const CFileException& e) {
-        EXPECT_EQ(e.m_cause, CFileException::diskFull);
-      }
-      EXPECT_EQ(ReadWholeFile(path), original);
-      EXPECT_EQ(Entries(dir), std::vector<std::string>{"demo.pers"});
-    }
-  }
-}
-
 // Block by block: nothing is visible at the target before Commit; a writer dropped without
 // Commit, or failing part-way, leaves the original and no temporary file; after Commit the
 // file holds every block in order and the replaced one is the backup.
