@@ -14,44 +14,37 @@
 namespace persona {
 namespace {
 
+// A latched emergency (any latch above 1) becomes 1 and switches the emergency ID on in a new
+// supervisory record with the last radio's full defaults; an existing supervisory record, an
+// unlatched or missing general options record change nothing.
 TEST(GeneralOptionsFixup, LatchBecomesOneAndEmergencyIdIsSwitchedOn) {
-  CPersonality personality(68, 0);
-  auto* general = new CGenRadioOpts(68, 0);
-  general->SetEmerLatch(3);
-  personality.PutOption(general);
-
-  ApplyGeneralOptionsFixup(personality);
-  EXPECT_EQ(1, general->GetEmerLatch());
-  const CSupervisoryOpts* supervisory = personality.GetOption<CSupervisoryOpts>();
-  ASSERT_NE(nullptr, supervisory);
-  EXPECT_EQ(1, supervisory->GetEmerLID());
-  // Built with the last radio's full defaults.
-  EXPECT_EQ(CSupervisoryOpts(68, 0).GetLastSysGrpRecall(), supervisory->GetLastSysGrpRecall());
-  EXPECT_EQ(1, supervisory->GetLastSysGrpRecall());
-}
-
-TEST(GeneralOptionsFixup, ExistingSupervisoryRecordIsLeftAsItIs) {
-  CPersonality personality(100, 0);
-  auto* general = new CGenRadioOpts;
-  general->SetEmerLatch(1);
-  personality.PutOption(general);
-  auto* supervisory = new CSupervisoryOpts;
-  personality.PutOption(supervisory);
-
-  ApplyGeneralOptionsFixup(personality);
-  EXPECT_EQ(supervisory, personality.GetOption<CSupervisoryOpts>());
-  EXPECT_EQ(0, supervisory->GetEmerLID());
-}
-
-TEST(GeneralOptionsFixup, NoLatchOrNoGeneralOptionsChangesNothing) {
-  CPersonality unlatched(100, 0);
-  unlatched.PutOption(new CGenRadioOpts);
-  ApplyGeneralOptionsFixup(unlatched);
-  EXPECT_EQ(nullptr, unlatched.GetOption<CSupervisoryOpts>());
-
-  CPersonality bare(100, 0);
-  ApplyGeneralOptionsFixup(bare);
-  EXPECT_EQ(nullptr, bare.GetOption<CSupervisoryOpts>());
+  const struct {
+    int latch;  // -1: no general options record
+    bool supervisory;
+    int latchAfter;
+    const char* emergencyId;  // "none": no supervisory record afterwards
+  } rows[] = {{3, false, 1, "1"},
+              {1, false, 1, "1"},
+              {1, true, 1, "0"},
+              {0, false, 0, "none"},
+              {-1, false, -1, "none"}};
+  for (const auto& r : rows) {
+    CPersonality personality(68, 0);
+    auto* general = r.latch < 0 ? nullptr : new CGenRadioOpts(68, 0);
+    if (general != nullptr) general->SetEmerLatch(static_cast<BYTE>(r.latch));
+    if (general != nullptr) personality.PutOption(general);
+    if (r.supervisory) personality.PutOption(new CSupervisoryOpts);
+    ApplyGeneralOptionsFixup(personality);
+    if (general != nullptr) {
+      EXPECT_EQ(general->GetEmerLatch(), r.latchAfter) << r.latch;
+    }
+    const CSupervisoryOpts* supervisory = personality.GetOption<CSupervisoryOpts>();
+    EXPECT_EQ(supervisory ? std::to_string(supervisory->GetEmerLID()) : "none", r.emergencyId);
+    if (supervisory != nullptr && !r.supervisory) {
+      EXPECT_EQ(supervisory->GetLastSysGrpRecall(), CSupervisoryOpts(68, 0).GetLastSysGrpRecall());
+      EXPECT_EQ(supervisory->GetLastSysGrpRecall(), 1);
+    }
+  }
 }
 
 // A tone encode record as a version-16 file holds it: sequences of each encode type.
