@@ -1,26 +1,11 @@
-// The personality JSON document (the vector goes archive -> JSON -> archive unchanged) and the
-// kind of a file told from its first bytes.
+// The kind of a file told from its first bytes.
 #include <gtest/gtest.h>
 
-#include <persona/io/json/personality_json.h>
 #include <persona/io/personality_file.h>
 #include "support/test_data.h"
 
 namespace persona {
 namespace {
-
-TEST(PersonalityIo, VectorTravelsThroughJsonUnchanged) {
-  const std::vector<BYTE> bytes = test::ReadTestFile("vectors/personality_empty.bin");
-  LoadedPersonality loaded = LoadPersonalityBytes(bytes.data(), bytes.size(), "empty.pers");
-  EXPECT_EQ(loaded.trailingBytes, 0u);
-  EXPECT_EQ(loaded.fileSize, bytes.size());
-  const Json doc = ExportPersonalityJson(*loaded.personality);
-  EXPECT_EQ(doc["format"], "persona-personality");
-  EXPECT_EQ(doc["personality"]["Name"], "Demo");
-  std::unique_ptr<CPersonality> back = ImportPersonalityJson(Json::parse(doc.dump()), "p.json");
-  EXPECT_EQ(test::Hex(StorePersonalityBytes(*back)), test::Hex(bytes));
-  EXPECT_EQ(ExportPersonalityJson(*back).dump(), doc.dump());
-}
 
 TEST(PersonalityIo, TheKindOfAFileIsToldFromItsFirstBytes) {
   const auto kind = [](const std::vector<BYTE>& bytes) {
