@@ -114,22 +114,10 @@ TEST(GlobalSets, ReadHandsOverTheSetByClassAndTellsTheType) {
   EXPECT_EQ(out->GetSize(), 1);
 }
 
-// Sets the byte field called name of rec (the set type byte has no public setter).
-class ByteSetter : public CFieldSkipper {
- public:
-  using CFieldSkipper::Field;
-  ByteSetter(const char* name, BYTE value) : m_name(name), m_value(value) {}
-  void Field(const FieldInfo& f, BYTE& v) override {
-    if (std::string(f.name) == m_name) v = m_value;
-  }
-
- private:
-  std::string m_name;
-  BYTE m_value;
-};
-
-CGroupSet* Groups(const char* name, std::initializer_list<const char*> groups, BYTE scope = 1) {
-  auto* set = new CGroupSet;
+// A group set of scope 1 (global) unless told otherwise, in list type.
+CGroupSet* Groups(const char* name, std::initializer_list<const char*> groups, BYTE scope = 1,
+                  SetType type = GroupSetType) {
+  auto* set = new CGroupSet(0, 0, type);
   set->SetName(name);
   set->SetScope(scope);
   for (const char* g : groups) {
@@ -154,9 +142,7 @@ CConvSet* Channels(const char* name, double txFreq) {
 
 TEST(GlobalSets, ReadSetOverloadsCheckClassAndType) {
   const std::string dir = FreshDir("overloads");
-  std::unique_ptr<CGroupSet> plain(Groups("east", {"G1"}));
-  ByteSetter type10("SetType", EaGroupSetType);
-  plain->VisitFields(type10);
+  std::unique_ptr<CGroupSet> plain(Groups("east", {"G1"}, 1, EaGroupSetType));
   ASSERT_TRUE(WriteSet(plain.get(), CString(dir) + "/East.GRS", false));
 
   CGroupSet* group = nullptr;
@@ -241,9 +227,7 @@ TEST(GlobalSets, RefreshKeepsTheLocalCopyWhenTheFileCannotBeUsed) {
   CPhoneSet phones;
   phones.SetName("Wrong");
   ASSERT_TRUE(WriteSet(&phones, CString(dir) + "/Wrong.GRS", false));
-  std::unique_ptr<CGroupSet> typed(Groups("Typed", {"G"}));
-  ByteSetter type10("SetType", EaGroupSetType);
-  typed->VisitFields(type10);
+  std::unique_ptr<CGroupSet> typed(Groups("Typed", {"G"}, 1, EaGroupSetType));
   ASSERT_TRUE(WriteSet(typed.get(), CString(dir) + "/Typed.GRS", false));
   WriteFileAtomically(dir + "/Broken.GRS", std::vector<BYTE>{0xFF, 0xFF, 0x01});
   WriteFileAtomically(dir + "/Null.GRS", std::vector<BYTE>{0x00, 0x00});  // a null record
