@@ -38,33 +38,9 @@ void CObList::SetAt(int i, CObject* p) {
   m_items[static_cast<std::size_t>(i)] = p;
 }
 
-void CObList::InsertAt(int i, CObject* p) {
-  if (i < 0 || i > GetCount()) ThrowListIndex(i, GetCount());
-  m_items.insert(m_items.begin() + i, p);
-}
-
 void CObList::RemoveAt(int i) {
   if (i < 0 || i >= GetCount()) ThrowListIndex(i, GetCount());
   m_items.erase(m_items.begin() + i);
-}
-
-CObject* CObList::RemoveHead() {
-  CObject* p = GetAt(0);
-  m_items.erase(m_items.begin());
-  return p;
-}
-
-CObject* CObList::RemoveTail() {
-  CObject* p = GetAt(GetCount() - 1);
-  m_items.pop_back();
-  return p;
-}
-
-int CObList::Find(const CObject* p) const {
-  for (std::size_t i = 0; i < m_items.size(); ++i) {
-    if (m_items[i] == p) return static_cast<int>(i);
-  }
-  return -1;
 }
 
 void CObList::Serialize(CArchive& ar) {
@@ -113,13 +89,6 @@ CObject* COwnedObList::Release(int i) {
 void COwnedObList::DeleteAt(int i) {
   CheckIndex(i, false);
   m_items.erase(m_items.begin() + i);
-}
-
-int COwnedObList::Find(const CObject* p) const {
-  for (std::size_t i = 0; i < m_items.size(); ++i) {
-    if (m_items[i].get() == p) return static_cast<int>(i);
-  }
-  return -1;
 }
 
 void COwnedObList::Serialize(CArchive& ar) {

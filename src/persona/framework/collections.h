@@ -34,15 +34,9 @@ class PERSONA_EXPORT CObList {
   CObject* GetTail() const { return GetAt(GetCount() - 1); }
   void AddTail(CObject* p) { m_items.push_back(p); }
   void AddHead(CObject* p) { m_items.insert(m_items.begin(), p); }
-  // Inserts before position i (0 .. count; count appends); other i raises CInvalidArgException.
-  void InsertAt(int i, CObject* p);
   // Removes the pointer at i without deleting it; invalid i raises CInvalidArgException.
   void RemoveAt(int i);
-  CObject* RemoveHead();
-  CObject* RemoveTail();
   void RemoveAll() { m_items.clear(); }
-  // Position of the first entry equal to p, or -1.
-  int Find(const CObject* p) const;
 
   // Loading appends objects read as shared records: the archive keeps fresh ones in its pool
   // (CArchive::TakeSharedObjects) and hands back-references out again.
@@ -89,8 +83,6 @@ class PERSONA_EXPORT COwnedObList {
   void DeleteAt(int i);
   // Deletes every element and empties the list.
   void DeleteAll() { m_items.clear(); }
-  // Position of the first element equal to p, or -1.
-  int Find(const CObject* p) const;
   void Reserve(std::size_t n) { m_items.reserve(n); }
 
   // Loading appends owned objects; each must be of the element class (when set) and stored

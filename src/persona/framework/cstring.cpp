@@ -35,23 +35,6 @@ unsigned char CString::UpperChar(unsigned char ch) {
   }
 }
 
-unsigned char CString::LowerChar(unsigned char ch) {
-  if (ch >= 'A' && ch <= 'Z') return static_cast<unsigned char>(ch + 32);
-  if (ch >= 0xC0 && ch <= 0xDE && ch != 0xD7) return static_cast<unsigned char>(ch + 32);
-  switch (ch) {
-    case 0x8A:
-      return 0x9A;
-    case 0x8C:
-      return 0x9C;
-    case 0x8E:
-      return 0x9E;
-    case 0x9F:
-      return 0xFF;
-    default:
-      return ch;
-  }
-}
-
 char CString::GetAt(int i) const {
   if (i < 0 || i >= GetLength()) {
     throw CInvalidArgException("string position " + std::to_string(i) + " outside length " +
@@ -67,11 +50,6 @@ void CString::SetAt(int i, char ch) {
 
 CString& CString::MakeUpper() {
   for (char& ch : m_str) ch = static_cast<char>(UpperChar(static_cast<unsigned char>(ch)));
-  return *this;
-}
-
-CString& CString::MakeLower() {
-  for (char& ch : m_str) ch = static_cast<char>(LowerChar(static_cast<unsigned char>(ch)));
   return *this;
 }
 
@@ -170,17 +148,6 @@ int CString::Find(const char* sub, int start) const {
   if (start < 0) start = 0;
   const std::size_t p = m_str.find(sub, static_cast<std::size_t>(start));
   return p == std::string::npos ? -1 : static_cast<int>(p);
-}
-
-int CString::Replace(char from, char to) {
-  int n = 0;
-  for (char& ch : m_str) {
-    if (ch == from) {
-      ch = to;
-      ++n;
-    }
-  }
-  return n;
 }
 
 }  // namespace persona

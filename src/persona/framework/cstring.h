@@ -31,9 +31,8 @@ class PERSONA_EXPORT CString {
   void SetAt(int i, char ch);
   char operator[](int i) const { return GetAt(i); }
 
-  // Windows-1252 upper/lower casing (ASCII and the accented letters of the code page).
+  // Windows-1252 upper casing (ASCII and the accented letters of the code page).
   CString& MakeUpper();
-  CString& MakeLower();
   // Remove trailing / leading white space (blank, tab, CR, LF, VT, FF).
   CString& TrimRight();
   CString& TrimLeft();
@@ -56,7 +55,6 @@ class PERSONA_EXPORT CString {
   // Position of the first occurrence at or after start, or -1.
   int Find(char ch, int start = 0) const;
   int Find(const char* sub, int start = 0) const;
-  int Replace(char from, char to);
 
   const char* c_str() const { return m_str.c_str(); }
   const char* GetString() const { return m_str.c_str(); }
@@ -92,7 +90,6 @@ class PERSONA_EXPORT CString {
 
   // Upper-cases one Windows-1252 byte.
   static unsigned char UpperChar(unsigned char ch);
-  static unsigned char LowerChar(unsigned char ch);
 
  private:
   std::string m_str;
