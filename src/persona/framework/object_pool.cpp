@@ -3,13 +3,16 @@
 // calling thread, or is carved from the thread's current 64 KB slab; a deleted object goes back
 // onto the free list of the thread that deletes it. A load then costs a pointer bump per record
 // instead of a heap allocation, and freeing a personality costs a pointer write per record.
-// Slabs are kept for the life of the process (every thread's slabs stay reachable from its
-// list of slabs while it runs) and reused only for records. Without the option (the
+// Slabs are kept for the life of the process and reused only for records: when a thread ends,
+// its pool (slabs, free lists, the rest of its slab) goes to a list of orphans that the next
+// new thread adopts, so that threads that come and go do not pile up memory. Without the option (the
 // sanitizer build, so that every record is a heap block of its own that ASan can watch) both
 // operators are the global ones.
 #include <persona/framework/object.h>
 
+#include <mutex>
 #include <new>
+#include <vector>
 
 namespace persona {
 
@@ -64,9 +67,33 @@ class RecordPool {
   char* m_slabs = nullptr;
 };
 
+// Pools of threads that have ended, waiting for a thread to adopt them.
+std::mutex g_orphansMutex;
+std::vector<RecordPool>& Orphans() {
+  static auto* orphans = new std::vector<RecordPool>;  // outlives every thread's exit
+  return *orphans;
+}
+
+// A thread's pool: adopted from an ended thread when there is one; orphaned when the thread ends.
+struct ThreadPool {
+  RecordPool pool;
+  ThreadPool() {
+    std::lock_guard<std::mutex> lock(g_orphansMutex);
+    if (!Orphans().empty()) {
+      pool = Orphans().back();
+      Orphans().pop_back();
+    }
+  }
+  ~ThreadPool() {
+    std::lock_guard<std::mutex> lock(g_orphansMutex);
+    Orphans().push_back(pool);
+    pool = RecordPool();  // a record freed or made after this (at exit) never touches the orphan
+  }
+};
+
 RecordPool& ThisThreadsPool() {
-  thread_local RecordPool pool;
-  return pool;
+  thread_local ThreadPool threadPool;
+  return threadPool.pool;
 }
 
 }  // namespace
