@@ -352,6 +352,14 @@ TEST(ArchiveFiles, DiskAndMemoryFilesCarryTheSameBytesAndAMissingFileIsNamed) {
   EXPECT_EQ(file.GetLength(), mem.GetSize());
   ar.Close();
   EXPECT_EQ(file.GetPosition(), file.GetLength());
+  file.Close();
+  EXPECT_FALSE(file.IsOpen());
+  file.Close();  // closing a closed file does nothing
+  // A memory file reads like a disk file: what is left, then nothing.
+  std::vector<BYTE> head(static_cast<std::size_t>(mem.GetSize()) + 8);
+  mem.Seek(-2, CFile::end);
+  EXPECT_EQ(mem.Read(head.data(), 8), 2u);
+  EXPECT_EQ(mem.Read(head.data(), 8), 0u);
   mem.SeekToBegin();
   CArchive fromMemory(&mem, CArchive::load);
   auto again = fromMemory.ReadOwnedObject(RUNTIME_CLASS(CEskData));

@@ -162,6 +162,9 @@ TEST(FileIo, ALinkIsFollowedAndTheReplacedFileKeepsItsMode) {
   const std::string dir = FreshDir("links");
   const std::string real = dir + "/real.pers";
   WriteFileAtomically(real, {1, 2});
+  const mode_t mask = umask(022);  // a new file is made as open(2) makes one: 0666 less the umask
+  umask(mask);
+  EXPECT_EQ(ModeOf(real) & 07777, 0666u & ~mask);
   ASSERT_EQ(chmod(real.c_str(), 0600), 0);
   ASSERT_EQ(symlink("real.pers", (dir + "/link.pers").c_str()), 0);
   AtomicWriteOptions backup;

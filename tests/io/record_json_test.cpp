@@ -225,7 +225,7 @@ void AddConvSets(CPersonality& p, std::initializer_list<std::pair<const char*, c
 TEST(RecordDiff, SetsPairByNameIgnoringCaseInTurnAndLeftOversAreRenames) {
   CPersonality a;
   CPersonality b;
-  AddConvSets(a, {{"Alpha", "X"}, {"ALPHA", "Y"}, {"Beta", "Z"}, {"Old", "W"}});
+  AddConvSets(a, {{"Alpha", "X"}, {"ALPHA", "Y"}, {"Beta", "Z"}, {"Old", "W"}, {"aLpHa", "R"}});
   AddConvSets(b, {{"New", "V"}, {"alpha", "X"}, {"Gamma", "Z"}, {"ALPHA", "Y2"}});
   // Trunk sets, the first list, pair by name as well: "B" moved in front is no change.
   for (auto [p, names] : {std::pair{&a, "AB"}, std::pair{&b, "BA"}}) {
@@ -243,6 +243,9 @@ TEST(RecordDiff, SetsPairByNameIgnoringCaseInTurnAndLeftOversAreRenames) {
                 "[conv elements f]",
                 R"(renamed sets/conv/Beta /ConvSets/2 "Beta" -> "Gamma" [conv sets w])",
                 R"(removed sets/conv/Old /ConvSets/3 {"$class":"CConvSet","Elements":[{"$clas -> )"
+                " [conv sets w]",
+                // A third set of a name that b holds twice has no partner.
+                R"(removed sets/conv/#5 /ConvSets/4 {"$class":"CConvSet","Elements":[{"$clas -> )"
                 " [conv sets w]",
                 R"(added sets/conv/New /ConvSets/0  -> {"$class":"CConvSet","Elements":[{"$clas )"
                 "[conv sets w]",

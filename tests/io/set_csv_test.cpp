@@ -189,8 +189,16 @@ TEST_F(SetCsv, FaultsNameRowAndColumnAndChangeNothing) {
   EXPECT_EQ(ImportError("Name,TxCg\n\"A\",\"\xE4\xB8\xAD\"\n"),
             "edit.csv: row 2, column 2: the character \"\xE4\xB8\xAD\" is not in the "
             "personality's code page (Windows-1252)");
+  EXPECT_EQ(ImportError("Name,TxCg\n\"A\",\"\xF0\x9F\x93\xBB \xC4\x80\"\n"),  // 4 bytes, 2 bytes
+            "edit.csv: row 2, column 2: the character \"\xF0\x9F\x93\xBB\" is not in the "
+            "personality's code page (Windows-1252)");
+  EXPECT_EQ(ImportError("Name,TxCg\n\"A\",\"\xC4\x80\"\n"),
+            "edit.csv: row 2, column 2: the character \"\xC4\x80\" is not in the "
+            "personality's code page (Windows-1252)");
   EXPECT_EQ(ImportError("Name\nA\xFF\n"),
             "edit.csv: row 2, column 1: byte 2 of the cell is not UTF-8");
+  EXPECT_EQ(ImportError("Name\nAB\xE4\xB8\n"),  // a sequence cut by the end of the cell
+            "edit.csv: row 2, column 1: byte 3 of the cell is not UTF-8");
   EXPECT_EQ(ImportError("Name,RxFreq\nA\n"),
             "edit.csv: row 2, column 2: the row ends after 1 cells; the header has 2");
   EXPECT_EQ(ImportError("Name\nA,,x\n"),
