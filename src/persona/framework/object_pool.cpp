@@ -5,8 +5,8 @@
 // instead of a heap allocation, and freeing a personality costs a pointer write per record.
 // Slabs are kept for the life of the process and reused only for records: when a thread ends,
 // its pool (slabs, free lists, the rest of its slab) goes to a list of orphans that the next
-// new thread adopts, so that threads that come and go do not pile up memory. Without the option (the
-// sanitizer build, so that every record is a heap block of its own that ASan can watch) both
+// new thread adopts, so that threads that come and go do not pile up memory. Without the option
+// (the sanitizer build, so that every record is a heap block of its own that ASan can watch) both
 // operators are the global ones.
 #include <persona/framework/object.h>
 
