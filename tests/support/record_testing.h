@@ -18,6 +18,12 @@ namespace persona::test {
 // Owned and shared sub-record lists are left alone.
 void FillFields(CObject& rec, int seed = 1);
 
+// Sets every described field of rec to a small value (numbers 0 to 3, frequencies, short or
+// empty strings) that moves with the field's position and seed, so that four seeds give every
+// field each of 0 to 3 and the reports walk their real branches. Owned lists of a known element
+// class get two elements filled the same way.
+void FillSmall(CObject& rec, int seed);
+
 // One line per described field ("Name = value"), sub-records indented below their list.
 std::string DumpFields(CObject& rec);
 
