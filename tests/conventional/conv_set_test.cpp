@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <type_traits>
 
 #include "support/bytes.h"
 #include "support/record_testing.h"
@@ -89,29 +90,24 @@ const LayoutField kChannelLayout[] = {
 };
 
 // The described fields of a record by name: numbers as integers, doubles and strings as text.
-class FieldMap : public CFieldVisitor {
- public:
+struct FieldMap {
   std::map<std::string, long long> numbers;
   std::map<std::string, double> reals;
   std::map<std::string, std::string> texts;
-  void Field(const FieldInfo& f, bool& v) override { numbers[f.name] = v; }
-  void Field(const FieldInfo& f, BYTE& v) override { numbers[f.name] = v; }
-  void Field(const FieldInfo& f, WORD& v) override { numbers[f.name] = v; }
-  void Field(const FieldInfo& f, short& v) override { numbers[f.name] = v; }
-  void Field(const FieldInfo& f, DWORD& v) override { numbers[f.name] = v; }
-  void Field(const FieldInfo& f, LONG& v) override { numbers[f.name] = v; }
-  void Field(const FieldInfo& f, double& v) override { reals[f.name] = v; }
-  void Field(const FieldInfo& f, CString& v) override { texts[f.name] = v.str(); }
-  void Field(const FieldInfo&, CStringArray&) override {}
-  void Field(const FieldInfo&, CWordArray&) override {}
-  void Field(const FieldInfo&, WORD*, std::size_t) override {}
-  void Field(const FieldInfo&, COwnedObList&) override {}
-  void Field(const FieldInfo&, CObList&) override {}
 };
 
 FieldMap MapOf(CObject& rec) {
   FieldMap map;
-  rec.VisitFields(map);
+  test::ForEachField(rec, [&map](const FieldInfo& f, auto&& v) {
+    using T = std::decay_t<decltype(v)>;
+    if constexpr (std::is_same_v<T, double>) {
+      map.reals[f.name] = v;
+    } else if constexpr (std::is_same_v<T, CString>) {
+      map.texts[f.name] = v.str();
+    } else if constexpr (std::is_arithmetic_v<T>) {
+      map.numbers[f.name] = v;
+    }
+  });
   return map;
 }
 
