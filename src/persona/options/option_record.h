@@ -146,12 +146,7 @@ class CFieldRecord : public Base {
     // The collector only reads the fields; Fields is one template for reading and writing.
     const_cast<Derived&>(Self()).Fields(collector);
     (CollectFrom(collector, quoted), ...);
-    const auto& items = collector.items;
-    std::size_t i = 0;
-    for (; i + 1 < items.size(); i += 2) {
-      block.Pair(items[i].label, items[i].value, items[i + 1].label, items[i + 1].value);
-    }
-    if (i < items.size()) block.Value(items[i].label, items[i].value);
+    option_report_detail::PrintPairs(block, collector.items);
   }
 
  private:

@@ -38,14 +38,12 @@ void OptionBlock::End() { m_out.Add(CString()); }
 
 namespace option_report_detail {
 
-void PrintCollected(CStringArray& out, const char* heading, const std::vector<Labelled>& items) {
-  OptionBlock block(out, heading);
+void PrintPairs(OptionBlock& block, const std::vector<Labelled>& items) {
   std::size_t i = 0;
   for (; i + 1 < items.size(); i += 2) {
     block.Pair(items[i].label, items[i].value, items[i + 1].label, items[i + 1].value);
   }
   if (i < items.size()) block.Value(items[i].label, items[i].value);
-  block.End();
 }
 
 }  // namespace option_report_detail

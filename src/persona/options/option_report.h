@@ -4,7 +4,7 @@
 //
 // Records whose lines are fixed by their description print them with OptionBlock directly.
 // Every other record labels its fields in its Fields table (Label, OnOff, Words, Hex) and
-// prints its whole block with PrintOptionBlock, which pairs the labelled fields two per line.
+// prints its whole block from that table (CFieldRecord::PrintFieldBlock), two fields per line.
 #pragma once
 
 #include <persona/export.h>
@@ -110,18 +110,10 @@ class PERSONA_EXPORT Collector {
   }
 };
 
-PERSONA_EXPORT void PrintCollected(CStringArray& out, const char* heading,
-                                   const std::vector<Labelled>& items);
+// Appends items to block as value lines, two labelled values per line in their order, the
+// last one alone when their number is odd.
+PERSONA_EXPORT void PrintPairs(OptionBlock& block, const std::vector<Labelled>& items);
 
 }  // namespace option_report_detail
-
-// Appends the block of rec: heading, underline, its labelled fields two per line in table
-// order, closing empty line.
-template <class R>
-void PrintOptionBlock(CStringArray& out, const char* heading, R& rec) {
-  option_report_detail::Collector collector;
-  rec.Fields(collector);
-  option_report_detail::PrintCollected(out, heading, collector.items);
-}
 
 }  // namespace persona
