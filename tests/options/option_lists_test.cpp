@@ -175,12 +175,16 @@ TEST(OptionLists, IndexedValuesOfScratchPadAgencySirenAndVantor) {
   EXPECT_EQ(123456, vantor.GetVantorId());
 }
 
-TEST(OptionLists, GeneralOptionsCopiesLeaveTheEmergencyLatchBehind) {
-  const CGenRadioOpts narrow(1, 68, 1);  // low mic audio, model, narrow band
+TEST(OptionLists, GeneralOptionsBandConstructorAndCopiesThatLeaveTheEmergencyLatch) {
+  const CGenRadioOpts narrow(1, 68, 1);  // narrow band, model, reduced defaults
+  const CGenRadioOpts wide(0, 103, 0);
+  EXPECT_EQ(1, narrow.GetLowMicAudio());
+  EXPECT_EQ(1, wide.GetLowMicAudio());
   EXPECT_EQ(1, narrow.GetBandWidth());
   EXPECT_EQ(0, narrow.GetBaudRate());
+  EXPECT_EQ(1, wide.GetBaudRate());
   EXPECT_EQ(0, narrow.GetDynamicRegroup());  // the model's reduced defaults still apply
-  EXPECT_EQ(1, CGenRadioOpts(0, 103, 0).GetRxPolarity());
+  EXPECT_EQ(1, wide.GetRxPolarity());
 
   CGenRadioOpts src(103, 0);
   test::FillFields(src, 3);
