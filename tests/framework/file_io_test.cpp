@@ -13,12 +13,16 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include <persona/framework/exceptions.h>
 #include <persona/framework/file_io.h>
+#include <persona/io/personality_file.h>
+#include <persona/personality/personality.h>
+#include <persona/systems/trunk_set.h>
 
 namespace persona {
 namespace {
@@ -66,46 +70,6 @@ class FaultyFile : public CFile {
   std::size_t m_budget;
   bool m_failFlush;
 };
-
-TEST(FileIo, WritesReadsAndKeepsABackup) {
-  const std::string dir = FreshDir("atomic");
-  const std::string path = dir + "/demo.pers";
-  WriteFileAtomically(path, {1, 2, 3});
-  EXPECT_EQ(ReadWholeFile(path), (std::vector<BYTE>{1, 2, 3}));
-  AtomicWriteOptions options;
-  options.keepBackup = true;
-  WriteFileAtomically(path, {4, 5}, options);
-  EXPECT_EQ(ReadWholeFile(path), (std::vector<BYTE>{4, 5}));
-  EXPECT_EQ(ReadWholeFile(path + ".bak"), (std::vector<BYTE>{1, 2, 3}));
-  EXPECT_EQ(Entries(dir), (std::vector<std::string>{"demo.pers", "demo.pers.bak"}));
-}
-
-TEST(FileIo, AFailedWriteLeavesTheOriginalUntouched) {
-  const std::string dir = FreshDir("faulty");
-  const std::string path = dir + "/demo.pers";
-  const std::vector<BYTE> original(5000, 0xAB);
-  WriteFileAtomically(path, original);
-  const std::vector<BYTE> replacement(3 << 20, 0xCD);
-  for (std::size_t budget : {std::size_t{0}, std::size_t{100}, std::size_t{(1 << 20) + 7}}) {
-    for (bool failFlush : {false, true}) {
-      if (failFlush && budget != 0) continue;
-      AtomicWriteOptions options;
-      options.keepBackup = true;
-      options.openTemp = [&](const std::string& temp) -> std::unique_ptr<CFile> {
-        return std::make_unique<FaultyFile>(temp, failFlush ? replacement.size() : budget,
-                                            failFlush);
-      };
-      try {
-        WriteFileAtomically(path, replacement, options);
-        FAIL() << "the faulty write succeeded";
-      } catch (const CFileException& e) {
-        EXPECT_EQ(e.m_cause, CFileException::diskFull);
-      }
-      EXPECT_EQ(ReadWholeFile(path), original);
-      EXPECT_EQ(Entries(dir), std::vector<std::string>{"demo.pers"});
-    }
-  }
-}
 
 // Block by block: nothing is visible at the target before Commit; a writer dropped without
 // Commit, or failing part-way, leaves the original and no temporary file; after Commit the
@@ -260,26 +224,60 @@ TEST(FileIo, DevicesAndFifosAreWrittenInPlaceFoldersRefused) {
   EXPECT_EQ(Entries(dir), (std::vector<std::string>{"d", "fifo"}));
 }
 
-TEST(FileIo, AFileSizeLimitFailsTheWriteWithoutEndingTheProcess) {
+// A personality with n trunk sets of ten channels each.
+CPersonality WithTrunkSets(int n) {
+  CPersonality p;
+  for (int i = 0; i < n; ++i) {
+    auto* set = new CTrunkSet;
+    set->SetName(CString::Formatted("TRUNK%03d", i));
+    for (int c = 0; c < 10; ++c) set->Add(new CTrunkChannel);
+    p.AddSet(set, TrunkSetType);
+  }
+  return p;
+}
+
+// The system refuses bytes past the process's file size limit, as a full disk does: every
+// write (a raw write, a personality save bigger than the limit but within the stdio buffer so
+// that the flush fails, and one far bigger) fails with the file and the system's reason,
+// without ending the process, and leaves the original byte for byte and no temporary file.
+TEST(FileIo, RunningOutOfRoomFailsTheSaveAndKeepsTheOriginal) {
   const std::string dir = FreshDir("limit");
   const std::string path = dir + "/demo.pers";
-  WriteFileAtomically(path, {9});
+  SavePersonalityFile(path, WithTrunkSets(1));
+  const std::vector<BYTE> original = ReadWholeFile(path);
+  const CPersonality small = WithTrunkSets(4);
+  const CPersonality large = WithTrunkSets(60);
+  ASSERT_GT(StorePersonalityBytes(small).size(), 1024u);
+  const std::vector<std::pair<const char*, std::function<void()>>> saves = {
+      {"write",
+       [&] {
+         WriteFileAtomically(path, std::vector<BYTE>(100000, 1), {true, nullptr});
+       }},
+      {"flush", [&] { SavePersonalityFile(path, small, false); }},
+      {"flush", [&] { SavePersonalityFile(path, small, true); }},
+      {"write", [&] { SavePersonalityFile(path, large, false); }},
+      {"write", [&] { SavePersonalityFile(path, large, true); }}};
   const pid_t child = fork();
   ASSERT_GE(child, 0);
   if (child == 0) {
-    const rlimit limit{4096, 4096};
+    const rlimit limit{1024, 1024};
     setrlimit(RLIMIT_FSIZE, &limit);
-    const std::string message = FailureOf([&] {
-      WriteFileAtomically(path, std::vector<BYTE>(100000, 1), {true, nullptr});
-    });
-    _exit(message == "cannot write " + path + ": File too large" ? 0 : 1);
+    for (std::size_t i = 0; i < saves.size(); ++i) {
+      const std::string expected = std::string("cannot ") + saves[i].first + " " + path;
+      if (FailureOf(saves[i].second) != expected + ": File too large" ||
+          ReadWholeFile(path) != original || Entries(dir) != std::vector<std::string>{"demo.pers"})
+        _exit(static_cast<int>(i + 1));
+    }
+    _exit(0);
   }
   int status = 0;
   ASSERT_EQ(waitpid(child, &status, 0), child);
   ASSERT_TRUE(WIFEXITED(status)) << "signal " << WTERMSIG(status);
-  EXPECT_EQ(WEXITSTATUS(status), 0);
-  EXPECT_EQ(ReadWholeFile(path), std::vector<BYTE>{9});
-  EXPECT_EQ(Entries(dir), std::vector<std::string>{"demo.pers"});
+  EXPECT_EQ(WEXITSTATUS(status), 0) << "the save that failed differently";
+  // With room again the same save goes through.
+  SavePersonalityFile(path, large, true);
+  EXPECT_EQ(LoadPersonalityFile(path).personality->GetNumTrkSets(), 60);
+  EXPECT_EQ(ReadWholeFile(path + ".bak"), original);
 }
 
 TEST(FileIo, TwoWritersAtOnceBothSucceedWithBackups) {

@@ -240,30 +240,5 @@ TEST(ForeignRecords, ReportLinesPrintIdentitiesSigned) {
   }));
 }
 
-TEST(ForeignRecords, JsonImportRaisesOnlyItsOwnFailureWithThePointer) {
-  const char* const cases[][2] = {
-      {R"({"format":{}})", "/format"},
-      {R"({"format":7,"formatVersion":1})", "/format"},
-      {R"({"format":"persona-personality","formatVersion":"1"})", "/formatVersion"},
-      {R"({"format":"persona-personality","formatVersion":1,"personality":[]})", ""},
-      {R"({"format":"persona-personality","formatVersion":1,"personality":{"$class":"CPersonality","Name":{}}})",
-       "/Name"},
-  };
-  for (const auto& c : cases) {
-    try {
-      ImportPersonalityJson(Json::parse(c[0]), "bad.json");
-      ADD_FAILURE() << c[0];
-    } catch (const CJsonImportException& e) {
-      // The pointer ends with the offending value's (a body pointer may start at the document).
-      const std::string suffix = c[1];
-      EXPECT_GE(e.m_pointer.size(), suffix.size()) << e.what();
-      EXPECT_EQ(
-          e.m_pointer.substr(e.m_pointer.size() - std::min(suffix.size(), e.m_pointer.size())),
-          suffix)
-          << e.what();
-    }
-  }
-}
-
 }  // namespace
 }  // namespace persona

@@ -1,26 +1,29 @@
 // Pruning a personality for its radio model: the system kinds each model keeps, the sets that
-// stay because something names them, and the counts the steps return.
+// stay because something names them, the counts the steps return, and the tables behind them.
 #include <gtest/gtest.h>
 
-#include <persona/calls/phone_set.h>
 #include <persona/conventional/conv_set.h>
+#include <persona/integrity/set_use.h>
 #include <persona/options/gen_radio_opts.h>
 #include <persona/options/p25_wan_opts.h>
 #include <persona/options/power_up_opts.h>
 #include <persona/options/vantor_opts.h>
 #include <persona/personality/personality.h>
 #include <persona/systems/conv_system.h>
+#include <persona/systems/ext_add_system.h>
 #include <persona/systems/p25_conv_system.h>
+#include <persona/systems/p25_trk_system.h>
+#include <persona/systems/plm_system.h>
 #include <persona/systems/system.h>
 #include <persona/systems/trunk_system.h>
 #include "integrity/sample_personality.h"
+#include "support/record_testing.h"
 
 namespace persona {
 namespace {
 
 using test::GetText;
 using test::SamplePersonality;
-using test::SetText;
 
 std::unique_ptr<CPersonality> ForRadio(WORD radio) {
   auto p = SamplePersonality();
@@ -28,95 +31,63 @@ std::unique_ptr<CPersonality> ForRadio(WORD radio) {
   return p;
 }
 
-int Count(const CPersonality& p, SystemType t) { return p.GetNumSystems(t); }
+// Systems per kind and sets per list (in type order), and "wan" while the WAN record stays.
+std::string Shape(const CPersonality& p) {
+  std::string s;
+  for (int t = 0; t < kNumSystemTypes; ++t) s += std::to_string(p.GetNumSystems(SystemType(t)));
+  s += " ";
+  for (int t = 0; t < kNumSetTypes; ++t) s += std::to_string(p.GetNumSets(SetType(t)));
+  return s + (p.GetOption<CP25tWanOpts>() != nullptr ? " wan" : "");
+}
 
-TEST(Prune, MessagingSystemsStayOnlyForMessagingRadios) {
-  auto keep = ForRadio(65);
-  ASSERT_TRUE(keep->RemoveUnusedSystemsAndSets());
-  EXPECT_EQ(Count(*keep, PlmSystemType), 1);
-  EXPECT_EQ(keep->GetNumSets(PlmGroupSetType), 1);
-
+// Pruning the sample (one system of every kind, one set in every list) for each model: the
+// system kinds the model does not run go, then the sets nothing names any more (a
+// conventional-only model loses every conventional set, used or not), and the names of
+// removed systems leave the records that named them.
+TEST(Prune, EachModelKeepsTheSystemKindsItRunsAndTheSetsStillNamed) {
+  // Systems: trunked, conventional, messaging, P25 conventional, extended addressing, P25
+  // trunked; then the sets of types 0 to 10.
+  // 65 messaging, 74 trunked only, 88 P25 conventional (its P25 group set is still named by
+  // the P25 conventional set), 101 P25 trunked, 27 to 52 conventional only.
+  const std::pair<WORD, const char*> rows[] = {
+      {65, "111000 11111111000"},      {1, "110000 11111100000"},  {74, "100000 10111100000"},
+      {101, "110111 11111100111 wan"}, {88, "110110 11111100111"}, {27, "010000 01010000000"},
+      {28, "010000 01010000000"},      {29, "010000 01010000000"}, {30, "010000 01010000000"},
+      {33, "010000 01010000000"},      {52, "010000 01010000000"}, {31, "110000 11111100000"}};
+  for (const auto& [radio, shape] : rows) {
+    auto p = ForRadio(radio);
+    auto* spare = new CConvSet;
+    spare->SetName("SPARE");
+    p->AddSet(spare, ConvSetType);
+    ASSERT_TRUE(p->RemoveUnusedSystemsAndSets());
+    EXPECT_EQ(Shape(*p), shape) << radio;
+  }
   auto lose = ForRadio(1);
   ASSERT_TRUE(lose->RemoveUnusedSystemsAndSets());
-  EXPECT_EQ(Count(*lose, PlmSystemType), 0);
-  EXPECT_EQ(lose->GetNumSets(PlmGroupSetType), 0);  // nothing names it any more
-  EXPECT_EQ(lose->GetNumSets(PlmSpCallSetType), 0);
-  // Radio 1: trunked and conventional systems stay, P25 and extended addressing go.
-  EXPECT_EQ(Count(*lose, TrunkedSystemType), 1);
-  EXPECT_EQ(Count(*lose, ConvSystemType), 1);
-  EXPECT_EQ(Count(*lose, P25TrkSystemType), 0);
-  EXPECT_EQ(Count(*lose, P25ConvSystemType), 0);
-  EXPECT_EQ(Count(*lose, EaSystemType), 0);
-  EXPECT_EQ(lose->GetOption<CP25tWanOpts>(), nullptr);
-  // The removed P25 system left T1's scan list; the P25 group set went with P1 and PC.
-  EXPECT_EQ(GetText(*lose->GetSystem("T1"), "ScannedSystems"), "C1");
-  EXPECT_EQ(lose->GetNumSets(P25GroupSetType), 0);
-  EXPECT_EQ(lose->GetNumSets(P25ConvSetType), 0);
-  EXPECT_EQ(lose->GetNumSets(EaGroupSetType), 0);
-  EXPECT_EQ(lose->GetNumSets(GroupSetType), 1);
-}
-
-TEST(Prune, ConventionalOnlyModelsLoseEveryConventionalSet) {
-  auto p = ForRadio(74);
-  auto* spare = new CConvSet;
-  spare->SetName("SPARE");
-  p->AddSet(spare, ConvSetType);
-  ASSERT_TRUE(p->RemoveUnusedSystemsAndSets());
-  EXPECT_EQ(Count(*p, ConvSystemType), 0);
-  EXPECT_EQ(p->GetNumSets(ConvSetType), 0);  // used or not
-  // The conventional system's name is gone from the records that named it.
-  EXPECT_EQ(GetText(*p->GetOption<CVantorOpts>(), "System"), "");
-  EXPECT_EQ(GetText(*p->GetOption<CVantorOpts>(), "Channel"), "");
-  EXPECT_EQ(GetText(*p->GetSystem("T1"), "PriSys"), "");
-}
-
-TEST(Prune, P25TrunkedModelsKeepTheirSystemsAndWanRecord) {
-  auto keep = ForRadio(101);
-  ASSERT_TRUE(keep->RemoveUnusedSystemsAndSets());
-  EXPECT_EQ(Count(*keep, P25TrkSystemType), 1);
-  EXPECT_NE(keep->GetOption<CP25tWanOpts>(), nullptr);
-  EXPECT_EQ(Count(*keep, PlmSystemType), 0);
-
+  EXPECT_EQ(GetText(*lose->GetSystem("T1"), "ScannedSystems"), "C1");  // P1 left the scan list
+  auto trunkedOnly = ForRadio(74);
+  ASSERT_TRUE(trunkedOnly->RemoveUnusedSystemsAndSets());
+  for (const char* field : {"System", "Channel"}) {
+    EXPECT_EQ(GetText(*trunkedOnly->GetOption<CVantorOpts>(), field), "") << field;
+  }
+  EXPECT_EQ(GetText(*trunkedOnly->GetSystem("T1"), "PriSys"), "");
   auto conv = ForRadio(88);
   ASSERT_TRUE(conv->RemoveUnusedSystemsAndSets());
-  EXPECT_EQ(Count(*conv, P25TrkSystemType), 0);
-  EXPECT_EQ(conv->GetOption<CP25tWanOpts>(), nullptr);
-  EXPECT_EQ(Count(*conv, P25ConvSystemType), 1);
-  EXPECT_EQ(Count(*conv, EaSystemType), 1);
-  // The P25 group set is no longer named by a P25 trunked system, but the P25 conventional
-  // set still names it.
-  EXPECT_EQ(conv->GetNumSets(P25GroupSetType), 1);
   EXPECT_EQ(GetText(*conv->GetOption<CPowerUpOpts>(), "SystemName"), "");
 }
 
-TEST(Prune, TrunkedSystemsGoForTheirShortList) {
-  for (WORD radio : {27, 28, 29, 30, 33, 52}) {
-    auto p = ForRadio(radio);
-    EXPECT_EQ(p->RemoveSystems(TrunkedSystemType), 1);
-    ASSERT_TRUE(p->RemoveUnusedSystemsAndSets());
-    EXPECT_EQ(Count(*p, TrunkedSystemType), 0) << radio;
-  }
-  auto p = ForRadio(31);
-  ASSERT_TRUE(p->RemoveUnusedSystemsAndSets());
-  EXPECT_EQ(Count(*p, TrunkedSystemType), 1);
-}
-
 TEST(Prune, SetNamesCompareIgnoringCaseAndOnlyConsultedKindsCount) {
+  // P25 conventional systems do not name phone sets: Harbor is named only as a P25 set.
   CPersonality p;
-  auto* trunked = new CTrunkSystem;
-  trunked->SetName("North");
-  trunked->SetPhoneSetName("CITY");
-  p.AddSystem(trunked);
-  auto* p25 = new CP25ConvSystem;
-  p25->SetSysType(P25ConvSystemType);
-  p25->SetName("Ops");
-  SetText(*p25, "P25ConvSetName", "Harbor");  // P25 conventional systems do not name phone sets
-  p.AddSystem(p25);
-  for (const char* name : {"City", "Harbor", "A", "B", "county"}) {
-    auto* set = new CPhoneSet;
-    set->SetName(name);
-    p.AddSet(set, PhoneSetType);
-  }
+  test::AddRecords(p, R"(
+system CTrunkSystem 0 Name=North PhoneSetName=CITY
+system CP25ConvSystem 3 Name=Ops P25ConvSetName=Harbor
+set CPhoneSet 3 Name=City
+set CPhoneSet 3 Name=Harbor
+set CPhoneSet 3 Name=A
+set CPhoneSet 3 Name=B
+set CPhoneSet 3 Name=county
+)");
   EXPECT_EQ(p.checkForSystemReferencesToSet("city", PhoneSetType), 1);
   EXPECT_EQ(p.checkForSystemReferencesToSet("Harbor", PhoneSetType), 0);
   EXPECT_EQ(p.checkForSystemReferencesToSet("Harbor", P25ConvSetType), 1);
@@ -130,23 +101,17 @@ TEST(Prune, SetNamesCompareIgnoringCaseAndOnlyConsultedKindsCount) {
 }
 
 TEST(Prune, TwoAdjacentUnusedSetsAndTheKeepRules) {
+  // A trunked system does not name conventional sets; the general options' test set counts.
   CPersonality p;
-  for (const char* name : {"USED", "X1", "X2", "TEST"}) {
-    auto* set = new CConvSet;
-    set->SetName(name);
-    p.AddSet(set, ConvSetType);
-  }
-  auto* conv = new CTrunkSystem;  // a trunked system naming a conventional set does not count
-  conv->SetName("T");
-  p.AddSystem(conv);
-  auto* c = new CConvSystem;
-  c->SetSysType(ConvSystemType);
-  c->SetName("C");
-  SetText(*c, "ConvSetName", "used");
-  p.AddSystem(c);
-  auto* general = new CGenRadioOpts;
-  SetText(*general, "CnvTestSet", "Test");
-  p.PutOption(general);
+  test::AddRecords(p, R"(
+set CConvSet 1 Name=USED
+set CConvSet 1 Name=X1
+set CConvSet 1 Name=X2
+set CConvSet 1 Name=TEST
+system CTrunkSystem 0 Name=T
+system CConvSystem 1 Name=C ConvSetName=used
+option CGenRadioOpts CnvTestSet=Test
+)");
   EXPECT_EQ(p.RemoveUnusedConvSets(), 2);
   ASSERT_EQ(p.GetNumSets(ConvSetType), 2);
   EXPECT_EQ(p.GetSetAt(0, ConvSetType)->GetName(), "USED");
@@ -179,6 +144,66 @@ TEST(Prune, RemoveSystemsKeepsTheOrderOfTheOthers) {
   EXPECT_EQ(p->GetSystem("C1"), nullptr);
   EXPECT_EQ(GetText(*p->GetSystem("M1"), "ScannedSystems"), "T1");
   EXPECT_EQ(GetText(*p->GetOption<CGenRadioOpts>(), "HomeSystem"), "");
+}
+
+// The tables pruning relies on: which set lists a system consults by kind, which system kinds a
+// radio type keeps.
+// One character per set type 0 to 10: 'x' where the system names a set of that list.
+std::string ListsNamed(const CSystem& system) {
+  std::string out;
+  for (int t = 0; t < kNumSetTypes; ++t) {
+    CString name("unchanged");
+    const bool named = SystemSetNameFor(system, static_cast<SetType>(t), &name);
+    EXPECT_EQ(named, name != "unchanged") << t;
+    out += named ? 'x' : '.';
+  }
+  return out;
+}
+
+TEST(SetUse, EachSystemKindNamesExactlyItsOwnLists) {
+  //                      set type: 0123456789A
+  struct Case {
+    std::unique_ptr<CSystem> system;
+    SystemType kind;  // set by the system's creator
+    const char* lists;
+  };
+  Case cases[] = {
+      {std::make_unique<CTrunkSystem>(), TrunkedSystemType, "x.xxxx....."},
+      {std::make_unique<CExtAddSystem>(), EaSystemType, "x..xx.....x"},
+      {std::make_unique<CP25TrkSystem>(), P25TrkSystemType, "x.xxx....x."},
+      {std::make_unique<CPlmSystem>(), PlmSystemType, "x.....xx..."},
+      {std::make_unique<CConvSystem>(), ConvSystemType, ".x.x......."},
+      {std::make_unique<CP25ConvSystem>(), P25ConvSystemType, "....x...x.."},
+  };
+  for (Case& c : cases) {
+    test::FillFields(*c.system, 4);  // every name field holds a distinctive name
+    c.system->SetSysType(c.kind);
+    EXPECT_EQ(c.lists, ListsNamed(*c.system)) << c.system->GetClassName();
+  }
+  // A system whose stored kind does not match its class names nothing.
+  CTrunkSystem odd;
+  odd.SetSysType(PlmSystemType);
+  EXPECT_EQ("...........", ListsNamed(odd));
+}
+
+TEST(SetUse, RadioTypesKeepTheSystemKindsTheyRun) {
+  // The radio types from 0 to 110 that refuse each kind, or (for the narrower kinds) run it.
+  auto which = [](int kind, bool supported) {
+    std::string out;
+    for (int r = 0; r <= 110; ++r) {
+      if (RadioTypeSupportsSystemKind(static_cast<WORD>(r), kind) == supported) {
+        out += std::to_string(r) + " ";
+      }
+    }
+    return out;
+  };
+  EXPECT_EQ("27 28 29 30 33 52 ", which(TrunkedSystemType, false));
+  EXPECT_EQ("72 73 74 75 ", which(ConvSystemType, false));
+  EXPECT_EQ("65 66 67 85 86 ", which(PlmSystemType, true));
+  EXPECT_EQ("101 102 103 104 105 106 ", which(P25TrkSystemType, true));
+  EXPECT_EQ("88 89 92 101 102 103 104 105 106 ", which(P25ConvSystemType, true));
+  EXPECT_EQ(which(P25ConvSystemType, true), which(EaSystemType, true));
+  EXPECT_TRUE(RadioTypeSupportsSystemKind(72, 9));  // an unknown kind is never pruned
 }
 
 }  // namespace

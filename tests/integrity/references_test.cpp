@@ -1,8 +1,7 @@
 // Rename and delete propagation, table-driven over every field that names something: each row
 // changes one target and lists the fields that name it; afterwards exactly those fields (and
-// the target itself) differ from before, each holding the new name or emptied.
-#include <persona/integrity/references.h>
-
+// the target itself) differ from before, each holding the new name or emptied. And the record
+// paths that name those fields: each resolves back to its record and field.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -10,10 +9,15 @@
 #include <set>
 #include <sstream>
 
+#include <persona/conventional/conv_set.h>
+#include <persona/integrity/name_refs.h>
+#include <persona/integrity/record_path.h>
+#include <persona/integrity/references.h>
 #include <persona/options/gen_radio_opts.h>
 #include <persona/options/power_up_opts.h>
 #include <persona/options/scan_opts.h>
 #include <persona/options/vantor_opts.h>
+#include <persona/report/personality_ops.h>
 #include <persona/systems/system.h>
 #include "integrity/sample_personality.h"
 
@@ -94,221 +98,107 @@ Site Opt(const char* field) {
   return {[](CPersonality& p) { return p.GetOption<T>(); }, field};
 }
 
+// One operation, "kind|set kind|set|name|new name": a rename of the system, set or element
+// (channel, group) to the new name, or its deletion when there is none. Names are spelled as
+// a user might (set names ignore case). sites lists every field that names the target.
 struct Row {
-  const char* what;
-  // Runs the operation; returns its result. target: the record whose own name changes or that
-  // is deleted (with everything below it).
-  std::function<int(CPersonality&)> op;
-  std::function<CObject*(CPersonality&)> target;
-  bool rename;
-  const char* newName;
-  std::vector<Site> sites;  // every field that names the target
+  std::string op;
+  std::vector<Site> sites;
+
+  std::string Part(int i) const {
+    std::size_t at = 0;
+    for (int k = 0; k < i; ++k) at = op.find('|', at) + 1;
+    return op.substr(at, op.find('|', at) - at);
+  }
+  bool Rename() const { return !Part(4).empty(); }
+  int Run(CPersonality& p) const {
+    const std::string kind = Part(0);
+    const std::string set = Part(2), name = Part(3), to = Part(4);
+    SetType type = TrunkSetType;
+    ParseSetKind(Part(1), &type);
+    if (kind == "system") return to.empty() ? DeleteSystem(p, name) : RenameSystem(p, name, to);
+    if (kind == "set") return to.empty() ? DeleteSet(p, type, set) : RenameSet(p, type, set, to);
+    if (kind == "channel") {
+      return to.empty() ? DeleteChannel(p, type, set, name) : RenameChannel(p, type, set, name, to);
+    }
+    return to.empty() ? DeleteGroup(p, type, set, name) : RenameGroup(p, type, set, name, to);
+  }
+  // The record whose own name changes or that is deleted (with everything below it).
+  CObject* Target(CPersonality& p) const {
+    if (Part(0) == "system") return p.GetSystem(Part(3).c_str());
+    SetType type = TrunkSetType;
+    ParseSetKind(Part(1), &type);
+    CSet* s = p.GetSet(Part(2).c_str(), type);
+    for (int i = 0; Part(0) != "set" && i < s->GetSize(); ++i) {
+      if (GetText(*s->GetAt(i), "Name") == Part(3)) return s->GetAt(i);
+    }
+    return s;
+  }
 };
 
-CObject* ElementOf(CPersonality& p, SetType type, const char* set, int i) {
-  return p.GetSet(set, type)->GetAt(i);
-}
-
 std::vector<Row> Rows() {
-  const auto sys = [](const char* n) {
-    return [n](CPersonality& p) -> CObject* { return p.GetSystem(n); };
-  };
-  const auto set = [](SetType t, const char* n) {
-    return [t, n](CPersonality& p) -> CObject* { return p.GetSet(n, t); };
-  };
-  const auto elem = [](SetType t, const char* s, int i) {
-    return [t, s, i](CPersonality& p) -> CObject* { return ElementOf(p, t, s, i); };
-  };
   return {
-      {"rename system C1",
-       [](CPersonality& p) { return RenameSystem(p, "C1", "Base"); },
-       sys("C1"),
-       true,
-       "Base",
+      {"system|||C1|Base",
        {Sys("T1", "ScannedSystems"), Sys("T1", "PriSys"), Sys("T1", "CnvPriSystem"),
         Sys("M1", "ScannedSystems"), Opt<CGenRadioOpts>("HomeSystem"), Opt<CVantorOpts>("System"),
         Opt<CConvScanOpts>("HomeSystem"), Opt<CLumoConvScanOpts>("P1System")}},
-      {"rename system T1",
-       [](CPersonality& p) { return RenameSystem(p, "T1", "Trunk 1"); },
-       sys("T1"),
-       true,
-       "Trunk 1",
+      {"system|||T1|Trunk 1",
        {Sys("P1", "ScannedSystems"), Sys("M1", "ScannedSystems"),
         Opt<CGenRadioOpts>("TestUnitSystem"), Opt<CVantorOpts>("TrkSystem")}},
-      {"rename system PC",
-       [](CPersonality& p) { return RenameSystem(p, "PC", "PConv"); },
-       sys("PC"),
-       true,
-       "PConv",
-       {Opt<CLumoConvScanOpts>("P2System")}},
-      {"rename system P1",
-       [](CPersonality& p) { return RenameSystem(p, "P1", "P25"); },
-       sys("P1"),
-       true,
-       "P25",
-       {Sys("T1", "ScannedSystems"), Opt<CPowerUpOpts>("SystemName")}},
-      {"rename trunk set",
-       [](CPersonality& p) { return RenameSet(p, TrunkSetType, "Trk", "Main"); },
-       set(TrunkSetType, "TRK"),
-       true,
-       "Main",
+      {"system|||PC|PConv", {Opt<CLumoConvScanOpts>("P2System")}},
+      {"system|||P1|P25", {Sys("T1", "ScannedSystems"), Opt<CPowerUpOpts>("SystemName")}},
+      {"set|trunk|Trk||Main",
        {Sys("T1", "TrunkSetName"), Sys("P1", "TrunkSetName"), Sys("E1", "TrunkSetName"),
         Sys("M1", "TrunkSetName")}},
-      {"rename group set",
-       [](CPersonality& p) { return RenameSet(p, GroupSetType, "GRP", "Talk"); },
-       set(GroupSetType, "GRP"),
-       true,
-       "Talk",
-       {Sys("T1", "GroupSetName")}},
-      {"rename P25 group set",
-       [](CPersonality& p) { return RenameSet(p, P25GroupSetType, "P25G", "Area"); },
-       set(P25GroupSetType, "P25G"),
-       true,
-       "Area",
+      {"set|group|GRP||Talk", {Sys("T1", "GroupSetName")}},
+      {"set|p25group|P25G||Area",
        {Sys("P1", "GroupSetName"), SetOf(P25ConvSetType, "P25C", "P25GroupSet")}},
-      {"rename EA group set",
-       [](CPersonality& p) { return RenameSet(p, EaGroupSetType, "EAG", "Wide"); },
-       set(EaGroupSetType, "EAG"),
-       true,
-       "Wide",
-       {Sys("E1", "GroupSetName")}},
-      {"rename conv set",
-       [](CPersonality& p) { return RenameSet(p, ConvSetType, "CONV", "Fire"); },
-       set(ConvSetType, "CONV"),
-       true,
-       "Fire",
-       {Sys("C1", "ConvSetName"), Opt<CGenRadioOpts>("CnvTestSet")}},
-      {"rename P25 conv set",
-       [](CPersonality& p) { return RenameSet(p, P25ConvSetType, "P25C", "Ops"); },
-       set(P25ConvSetType, "P25C"),
-       true,
-       "Ops",
-       {Sys("PC", "P25ConvSetName")}},
-      {"rename phone set",
-       [](CPersonality& p) { return RenameSet(p, PhoneSetType, "PH", "City"); },
-       set(PhoneSetType, "PH"),
-       true,
-       "City",
+      {"set|eagroup|EAG||Wide", {Sys("E1", "GroupSetName")}},
+      {"set|conv|CONV||Fire", {Sys("C1", "ConvSetName"), Opt<CGenRadioOpts>("CnvTestSet")}},
+      {"set|p25conv|P25C||Ops", {Sys("PC", "P25ConvSetName")}},
+      {"set|phone|PH||City",
        {Sys("T1", "PhoneSetName"), Sys("C1", "PhoneSetName"), Sys("P1", "PhoneSetName")}},
-      {"rename icall set",
-       [](CPersonality& p) { return RenameSet(p, ICallSetType, "IC", "Units"); },
-       set(ICallSetType, "IC"),
-       true,
-       "Units",
+      {"set|icall|IC||Units",
        {Sys("T1", "iCallSetName"), Sys("P1", "iCallSetName"), Sys("PC", "IcallSetName")}},
-      {"rename spcall set",
-       [](CPersonality& p) { return RenameSet(p, SpCallSetType, "SP", "Sp2"); },
-       set(SpCallSetType, "SP"),
-       true,
-       "Sp2",
-       {Sys("T1", "SpCallSetName")}},
-      {"rename plm group set",
-       [](CPersonality& p) { return RenameSet(p, PlmGroupSetType, "PLMG", "Msg"); },
-       set(PlmGroupSetType, "PLMG"),
-       true,
-       "Msg",
-       {Sys("M1", "GroupSetName")}},
-      {"rename plm spcall set",
-       [](CPersonality& p) { return RenameSet(p, PlmSpCallSetType, "PLMSP", "MsgSp"); },
-       set(PlmSpCallSetType, "PLMSP"),
-       true,
-       "MsgSp",
-       {Sys("M1", "SpCallSetName")}},
-      {"rename channel CH1",
-       [](CPersonality& p) { return RenameChannel(p, ConvSetType, "conv", "CH1", "Dispatch"); },
-       elem(ConvSetType, "CONV", 0),
-       true,
-       "Dispatch",
+      {"set|spcall|SP||Sp2", {Sys("T1", "SpCallSetName")}},
+      {"set|plmgroup|PLMG||Msg", {Sys("M1", "GroupSetName")}},
+      {"set|plmspcall|PLMSP||MsgSp", {Sys("M1", "SpCallSetName")}},
+      {"channel|conv|conv|CH1|Dispatch",
        {SetOf(ConvSetType, "CONV", "HomeChan"), SetOf(ConvSetType, "CONV", "WideScanChan"),
         Opt<CConvScanOpts>("HomeChan")}},
-      {"rename channel CH2",
-       [](CPersonality& p) { return RenameChannel(p, ConvSetType, "CONV", "CH2", "Tac"); },
-       elem(ConvSetType, "CONV", 1),
-       true,
-       "Tac",
+      {"channel|conv|CONV|CH2|Tac",
        {SetOf(ConvSetType, "CONV", "P1Chan"), SetOf(ConvSetType, "CONV", "AltPttChan"),
         Sys("T1", "CnvPriChannel"), Opt<CLumoConvScanOpts>("P1Chan")}},
-      {"rename channel CH3",
-       [](CPersonality& p) { return RenameChannel(p, ConvSetType, "CONV", "CH3", "Emer"); },
-       elem(ConvSetType, "CONV", 2),
-       true,
-       "Emer",
+      {"channel|conv|CONV|CH3|Emer",
        {SetOf(ConvSetType, "CONV", "P2Chan"), Opt<CVantorOpts>("Channel")}},
-      {"rename P25 channel",
-       [](CPersonality& p) { return RenameChannel(p, P25ConvSetType, "P25C", "PCH2", "Ops2"); },
-       elem(P25ConvSetType, "P25C", 1),
-       true,
-       "Ops2",
-       {Opt<CLumoConvScanOpts>("P2Chan")}},
-      {"rename group G2",
-       [](CPersonality& p) { return RenameGroup(p, GroupSetType, "GRP", "G2", "Police"); },
-       elem(GroupSetType, "GRP", 1),
-       true,
-       "Police",
+      {"channel|p25conv|P25C|PCH2|Ops2", {Opt<CLumoConvScanOpts>("P2Chan")}},
+      {"group|group|GRP|G2|Police",
        {SetOf(GroupSetType, "GRP", "Priority1Grp"), SetOf(GroupSetType, "GRP", "PriorityTalkGrp")}},
-      {"rename group G3",
-       [](CPersonality& p) { return RenameGroup(p, GroupSetType, "GRP", "G3", "Alarm"); },
-       elem(GroupSetType, "GRP", 2),
-       true,
-       "Alarm",
+      {"group|group|GRP|G3|Alarm",
        {SetOf(GroupSetType, "GRP", "Priority2Grp"), Opt<CVantorOpts>("Group")}},
-      {"rename P25 group",
-       [](CPersonality& p) { return RenameGroup(p, P25GroupSetType, "P25G", "PG2", "Area2"); },
-       elem(P25GroupSetType, "P25G", 1),
-       true,
-       "Area2",
+      {"group|p25group|P25G|PG2|Area2",
        {SetOf(P25GroupSetType, "P25G", "Priority1Grp"), Opt<CPowerUpOpts>("GroupName")}},
-      {"rename EA group",
-       [](CPersonality& p) { return RenameGroup(p, EaGroupSetType, "EAG", "EG1", "Wide1"); },
-       elem(EaGroupSetType, "EAG", 0),
-       true,
-       "Wide1",
-       {SetOf(EaGroupSetType, "EAG", "HomeGrp")}},
-      // Deletions.
-      {"delete system C1",
-       [](CPersonality& p) { return DeleteSystem(p, "C1"); },
-       sys("C1"),
-       false,
-       "",
+      {"group|eagroup|EAG|EG1|Wide1", {SetOf(EaGroupSetType, "EAG", "HomeGrp")}},
+      {"system|||C1|",
        {Sys("T1", "ScannedSystems"), Sys("T1", "PriSys"), Sys("T1", "CnvPriSystem"),
         Sys("T1", "CnvPriChannel"), Sys("M1", "ScannedSystems"), Opt<CGenRadioOpts>("HomeSystem"),
         Opt<CVantorOpts>("System"), Opt<CVantorOpts>("Channel"), Opt<CConvScanOpts>("HomeSystem"),
         Opt<CConvScanOpts>("HomeChan"), Opt<CLumoConvScanOpts>("P1System"),
         Opt<CLumoConvScanOpts>("P1Chan")}},
-      {"delete system P1",
-       [](CPersonality& p) { return DeleteSystem(p, "P1"); },
-       sys("P1"),
-       false,
-       "",
+      {"system|||P1|",
        {Sys("T1", "ScannedSystems"), Opt<CPowerUpOpts>("SystemName"),
         Opt<CPowerUpOpts>("GroupName")}},
-      {"delete conv set",
-       [](CPersonality& p) { return DeleteSet(p, ConvSetType, "Conv"); },
-       set(ConvSetType, "CONV"),
-       false,
-       "",
+      {"set|conv|Conv||",
        {Sys("C1", "ConvSetName"), Opt<CGenRadioOpts>("CnvTestSet"), Sys("T1", "CnvPriChannel"),
         Opt<CVantorOpts>("Channel"), Opt<CConvScanOpts>("HomeChan"),
         Opt<CLumoConvScanOpts>("P1Chan")}},
-      {"delete P25 group set",
-       [](CPersonality& p) { return DeleteSet(p, P25GroupSetType, "P25G"); },
-       set(P25GroupSetType, "P25G"),
-       false,
-       "",
+      {"set|p25group|P25G||",
        {Sys("P1", "GroupSetName"), SetOf(P25ConvSetType, "P25C", "P25GroupSet"),
         Opt<CPowerUpOpts>("GroupName")}},
-      {"delete channel CH2",
-       [](CPersonality& p) { return DeleteChannel(p, ConvSetType, "CONV", "CH2"); },
-       elem(ConvSetType, "CONV", 1),
-       false,
-       "",
+      {"channel|conv|CONV|CH2|",
        {SetOf(ConvSetType, "CONV", "P1Chan"), SetOf(ConvSetType, "CONV", "AltPttChan"),
         Sys("T1", "CnvPriChannel"), Opt<CLumoConvScanOpts>("P1Chan")}},
-      {"delete group G3",
-       [](CPersonality& p) { return DeleteGroup(p, GroupSetType, "GRP", "G3"); },
-       elem(GroupSetType, "GRP", 2),
-       false,
-       "",
+      {"group|group|GRP|G3|",
        {SetOf(GroupSetType, "GRP", "Priority2Grp"), Opt<CVantorOpts>("Group")}},
   };
 }
@@ -322,13 +212,13 @@ void Below(CObject& rec, std::set<const CObject*>& out) {
 
 TEST(References, EveryNameFieldFollowsRenamesAndDeletions) {
   for (const Row& row : Rows()) {
-    SCOPED_TRACE(row.what);
+    SCOPED_TRACE(row.op);
     auto p = SamplePersonality();
     const auto before = Take(*p);
-    CObject* target = row.target(*p);
+    CObject* target = row.Target(*p);
     ASSERT_NE(target, nullptr);
     std::set<const CObject*> gone;
-    if (!row.rename) Below(*target, gone);
+    if (!row.Rename()) Below(*target, gone);
     std::set<Key> expected;
     std::vector<std::pair<CObject*, std::string>> sites;
     for (const Site& site : row.sites) {
@@ -337,9 +227,9 @@ TEST(References, EveryNameFieldFollowsRenamesAndDeletions) {
       expected.insert({rec, site.field});
       sites.emplace_back(rec, before.at({rec, site.field}));
     }
-    if (row.rename) expected.insert({target, "Name"});
+    if (row.Rename()) expected.insert({target, "Name"});
 
-    const int changed = row.op(*p);
+    const int changed = row.Run(*p);
     EXPECT_EQ(changed, static_cast<int>(row.sites.size()));
 
     // Exactly the expected fields differ; records of a deleted target are gone.
@@ -350,20 +240,20 @@ TEST(References, EveryNameFieldFollowsRenamesAndDeletions) {
       const auto it = after.find(key);
       if (it == after.end() || it->second != value) differing.insert(key);
     }
-    differing.erase({row.rename ? nullptr : target, ""});
+    differing.erase({row.Rename() ? nullptr : target, ""});
     // The set that lost an element has one element fewer; the personality one record fewer.
     for (auto it = differing.begin(); it != differing.end();) {
       const bool listCount = it->second == "Elements" || it->second == "Systems" ||
                              it->second.find("Sets") != std::string::npos;
-      it = listCount && !row.rename ? differing.erase(it) : std::next(it);
+      it = listCount && !row.Rename() ? differing.erase(it) : std::next(it);
     }
     EXPECT_EQ(differing, expected);
 
     // Each site now holds the new name, or lost the old one.
     for (std::size_t i = 0; i < row.sites.size(); ++i) {
       const std::string now = after.at({sites[i].first, row.sites[i].field});
-      if (row.rename) {
-        EXPECT_NE(now.find(row.newName), std::string::npos) << row.sites[i].field << " = " << now;
+      if (row.Rename()) {
+        EXPECT_NE(now.find(row.Part(4)), std::string::npos) << row.sites[i].field << " = " << now;
       } else {
         EXPECT_LT(now.size(), sites[i].second.size()) << row.sites[i].field << " = " << now;
       }
@@ -407,6 +297,101 @@ TEST(References, CaseOnlySetRenameAndScanListDeletion) {
   EXPECT_EQ(GetText(*p->GetSystem("P1"), "ScannedSystems"), "");
   EXPECT_EQ(p->GetSystem("T1"), nullptr);
   EXPECT_EQ(p->GetNumSystems(), 5);
+}
+
+// Record paths: every path the reference collection prints resolves back to its own record and
+// field; names that are not unique fall back to positions; quoting keeps odd names typeable;
+// paths that name nothing say which segment is wrong.
+std::string ErrorOf(CPersonality& p, const std::string& path) {
+  try {
+    ResolvePath(p, path);
+  } catch (const PathError& e) {
+    return e.what();
+  }
+  return "resolved";
+}
+
+TEST(RecordPath, EveryReferencePathResolvesToItsField) {
+  auto p = test::SamplePersonality();
+  const std::vector<NameRef> refs = CollectNameRefs(*p);
+  ASSERT_GT(refs.size(), 40u);
+  bool sawElementByName = false, sawEntry = false, sawOption = false;
+  for (const NameRef& ref : refs) {
+    SCOPED_TRACE(ref.path);
+    const PathTarget t = ResolvePath(*p, ref.path);
+    EXPECT_EQ(t.Path(), ref.path);
+    EXPECT_EQ(t.record, ref.record);
+    EXPECT_EQ(t.field, ref.field);
+    EXPECT_EQ(t.entry, ref.index);
+    sawElementByName |= ref.path == "sets/icall/IC/Desk/WaNetName";
+    sawEntry |= t.entry >= 0;
+    sawOption |= t.kind == PathTarget::Option;
+  }
+  EXPECT_TRUE(sawElementByName && sawEntry && sawOption);
+}
+
+TEST(RecordPath, LookupsFollowTheRegistryAndCanonicalise) {
+  auto p = test::SamplePersonality();
+  PathTarget t = ResolvePath(*p, "sets/conv/conv/homechan");  // set names and fields: any case
+  EXPECT_EQ(t.Path(), "sets/conv/CONV/HomeChan");
+  EXPECT_EQ(t.kind, PathTarget::Set);
+  EXPECT_EQ(t.setType, ConvSetType);
+  t = ResolvePath(*p, "sets/conv/CONV/#2");
+  EXPECT_EQ(t.Path(), "sets/conv/CONV/CH2");
+  EXPECT_EQ(t.kind, PathTarget::Element);
+  EXPECT_EQ(t.index, 1);
+  EXPECT_EQ(t.set, p->GetSet("CONV", ConvSetType));
+  t = ResolvePath(*p, "options/CP25tWanOpts/Wans/#1/NetworkName");
+  EXPECT_EQ(t.kind, PathTarget::SubRecord);
+  EXPECT_EQ(t.Path(), "options/CP25tWanOpts/Wans/#1/NetworkName");
+  t = ResolvePath(*p, "Name");
+  EXPECT_EQ(t.kind, PathTarget::Header);
+  EXPECT_EQ(t.record, p.get());
+  EXPECT_EQ(ErrorOf(*p, "systems/t1/Name"), "no system \"t1\" (column 9)");  // systems: exact
+}
+
+TEST(RecordPath, DuplicateAndOddNamesStayReachable) {
+  auto p = test::SamplePersonality();
+  auto* conv = static_cast<CConvSet*>(p->GetSet("CONV", ConvSetType));
+  test::SetText(*conv->GetAt(2), "Name", "CH1");    // now CH1 twice: positions
+  test::SetText(*conv->GetAt(1), "Name", "Scope");  // spelled like a field of the set
+  conv->SetName("A/B \"x\"");
+  auto* system = p->GetSystem("C1");
+  system->SetName("#7 ");
+  const std::vector<std::string> segs = ElementSegments(*conv, conv->Elements());
+  EXPECT_EQ(segs, (std::vector<std::string>{"#1", "\"Scope\"", "#3"}));
+  EXPECT_EQ(SetPath(ConvSetType, *conv), "sets/conv/\"A/B \\\"x\\\"\"");
+  EXPECT_EQ(SystemPath(*system), "systems/\"#7 \"");
+
+  EXPECT_EQ(ResolvePath(*p, "sets/conv/\"A/B \\\"x\\\"\"/\"Scope\"/RxFreq").record, conv->GetAt(1));
+  EXPECT_EQ(ResolvePath(*p, "sets/conv/\"a/b \\\"X\\\"\"/Scope").Path(),
+            "sets/conv/\"A/B \\\"x\\\"\"/Scope");  // the set's own field
+  EXPECT_EQ(ResolvePath(*p, "systems/\"#7 \"/Name").record, system);
+  EXPECT_EQ(ErrorOf(*p, "sets/conv/\"A/B \\\"x\\\"\"/CH1"),
+            "2 records of sets/conv/\"A/B \\\"x\\\"\" are named \"CH1\" (column 23); give the "
+            "position: #1, #3");
+}
+
+TEST(RecordPath, BadPathsNameTheSegment) {
+  auto p = test::SamplePersonality();
+  EXPECT_EQ(ErrorOf(*p, ""), "the path is empty");
+  EXPECT_EQ(ErrorOf(*p, "sets//CONV"), "empty segment at column 6");
+  EXPECT_EQ(ErrorOf(*p, "systems/\"T1"), "the quote at column 9 is not closed");
+  EXPECT_EQ(ErrorOf(*p, "systems/\"T1\"x/Name"),
+            "a closing quote must end its segment (column 13)");
+  EXPECT_EQ(ErrorOf(*p, "sets/chan/CONV"),
+            "no set list \"chan\" (column 6); the lists are trunk, conv, group, phone, icall, "
+            "spcall, plmgroup, plmspcall, p25conv, p25group, eagroup");
+  EXPECT_EQ(ErrorOf(*p, "sets/conv"), "the path ends where a set's name should follow \"conv\"");
+  EXPECT_EQ(ErrorOf(*p, "sets/conv/CONV/#9"), "no record \"#9\" (column 16) in sets/conv/CONV");
+  EXPECT_EQ(ErrorOf(*p, "systems/T1/Nmae"),
+            "no field \"Nmae\" (column 12) in systems/T1 (CTrunkSystem)");
+  EXPECT_EQ(ErrorOf(*p, "systems/T1/Name/x"),
+            "nothing can follow the field \"Name\" but an entry number (column 17)");
+  EXPECT_EQ(ErrorOf(*p, "RadioTypes/3"), "RadioTypes has 0 entries, not 3 (column 12)");
+  EXPECT_EQ(ErrorOf(*p, "Systems/#1"),
+            "\"Systems\" (column 1) is reached as systems/..., sets/<list>/... or options/...");
+  EXPECT_EQ(ErrorOf(*p, "options/CNoSuchOpts"), "no option record \"CNoSuchOpts\" (column 9)");
 }
 
 }  // namespace

@@ -1,9 +1,8 @@
 // A personality in which every kind of name field names something that exists, for the tests
-// of reference maintenance, the checker and pruning; fields are set by name through the
-// records' field descriptions.
+// of reference maintenance, the checker and pruning; fields are set by name through their
+// text form.
 #pragma once
 
-#include <initializer_list>
 #include <memory>
 #include <string>
 
@@ -12,12 +11,17 @@
 
 namespace persona::test {
 
-// Sets the string field (or list of strings) called field of rec; fails the test when rec has
-// no such field.
+// Sets the field called field of rec from its text form (a list: entries separated by ',');
+// throws when rec has no such field.
 void SetText(CObject& rec, const char* field, const char* value);
-void SetTexts(CObject& rec, const char* field, std::initializer_list<const char*> values);
-// The value of a string field (list entries joined with ',').
+// The value of a field in its text form (list entries joined with ", ").
 std::string GetText(CObject& rec, const char* field);
+
+// Adds to p the records of text, one per line: "KIND CLASS [TYPE] field=value ..." with KIND
+// system (of kind TYPE), set (in list TYPE), element (of the last set), option or wan (of the
+// WAN option record). Values hold no blanks; list entries are separated by ','. Lines marked
+// with a leading + are added only when withMarked.
+void AddRecords(CPersonality& p, const char* text, bool withMarked = true);
 
 // Systems T1 (trunked), C1 (conventional), P1 (P25 trunked), PC (P25 conventional), E1
 // (extended addressing) and, with messaging, M1; the sets they name (TRK, GRP, P25G, EAG, CONV,

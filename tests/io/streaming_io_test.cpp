@@ -2,7 +2,7 @@
 // the dump of the whole document (escapes, code page, non-finite numbers, empty lists, shared
 // keys), in bounded pieces; the streamed report is the whole report, block by block; the
 // streaming reader gives back the same bytes, hands any other form to the whole-document
-// reader, and faults keep their JSON pointer.
+// reader, and faults keep their JSON pointer. Also the kind of a file told from its first bytes.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -18,6 +18,7 @@
 #include <persona/io/personality_file.h>
 #include <persona/report/personality_report.h>
 #include "sample/sample_personality.h"
+#include "support/test_data.h"
 
 namespace persona {
 namespace {
@@ -117,7 +118,9 @@ TEST(StreamedJson, FaultsAreNamedByTheirPointer) {
     std::string record;    // the record path of the fault, as the tool prints it
   } faults[] = {
       {"/format", "persona-set", "/format", ""},
+      {"/format", Json::object(), "/format", ""},
       {"/formatVersion", 2, "/formatVersion", ""},
+      {"/formatVersion", "1", "/formatVersion", ""},
       {elements + "/1/RxFreq", "450", elements + "/1/RxFreq", channel + "RxFreq"},
       {elements + "/1/NoSuchField", 1, elements + "/1/NoSuchField", channel + "NoSuchField"},
       {elements + "/1/TxAddr", 70000, elements + "/1/TxAddr", channel + "TxAddr"},
@@ -151,6 +154,26 @@ TEST(StreamedJson, FaultsAreNamedByTheirPointer) {
   }
   std::istringstream truncated(good.dump().substr(0, 5000));
   EXPECT_EQ(StreamPersonalityJson(truncated), nullptr);
+}
+
+// The kind of a file told from its first bytes.
+TEST(PersonalityIo, TheKindOfAFileIsToldFromItsFirstBytes) {
+  const auto kind = [](const std::vector<BYTE>& bytes) {
+    return SniffFileKind(bytes.data(), bytes.size());
+  };
+  const std::vector<BYTE> personality = test::ReadTestFile("vectors/personality_empty.bin");
+  EXPECT_EQ(kind(personality), FileKind::Personality);
+  EXPECT_EQ(kind(test::ReadTestFile("vectors/phoneset.bin")), FileKind::SetFile);
+  EXPECT_EQ(kind(test::ReadTestFile("vectors/unknown_class.bin")), FileKind::Unknown);
+  const std::string json = "\xEF\xBB\xBF \r\n\t{\"format\": 1}";
+  EXPECT_EQ(kind(std::vector<BYTE>(json.begin(), json.end())), FileKind::Json);
+  // A name cut short, an empty file, blanks alone and NUL bytes tell nothing.
+  EXPECT_EQ(kind(std::vector<BYTE>(personality.begin(), personality.begin() + 12)),
+            FileKind::Unknown);
+  EXPECT_EQ(kind({}), FileKind::Unknown);
+  EXPECT_EQ(kind({' ', '\n'}), FileKind::Unknown);
+  EXPECT_EQ(kind({0, '{'}), FileKind::Unknown);
+  EXPECT_STREQ(FileKindName(FileKind::SetFile), "a global set file");
 }
 
 }  // namespace

@@ -114,22 +114,10 @@ TEST(GlobalSets, ReadHandsOverTheSetByClassAndTellsTheType) {
   EXPECT_EQ(out->GetSize(), 1);
 }
 
-// Sets the byte field called name of rec (the set type byte has no public setter).
-class ByteSetter : public CFieldSkipper {
- public:
-  using CFieldSkipper::Field;
-  ByteSetter(const char* name, BYTE value) : m_name(name), m_value(value) {}
-  void Field(const FieldInfo& f, BYTE& v) override {
-    if (std::string(f.name) == m_name) v = m_value;
-  }
-
- private:
-  std::string m_name;
-  BYTE m_value;
-};
-
-CGroupSet* Groups(const char* name, std::initializer_list<const char*> groups, BYTE scope = 1) {
-  auto* set = new CGroupSet;
+// A group set of scope 1 (global) unless told otherwise, in list type.
+CGroupSet* Groups(const char* name, std::initializer_list<const char*> groups, BYTE scope = 1,
+                  SetType type = GroupSetType) {
+  auto* set = new CGroupSet(0, 0, type);
   set->SetName(name);
   set->SetScope(scope);
   for (const char* g : groups) {
@@ -154,9 +142,7 @@ CConvSet* Channels(const char* name, double txFreq) {
 
 TEST(GlobalSets, ReadSetOverloadsCheckClassAndType) {
   const std::string dir = FreshDir("overloads");
-  std::unique_ptr<CGroupSet> plain(Groups("east", {"G1"}));
-  ByteSetter type10("SetType", EaGroupSetType);
-  plain->VisitFields(type10);
+  std::unique_ptr<CGroupSet> plain(Groups("east", {"G1"}, 1, EaGroupSetType));
   ASSERT_TRUE(WriteSet(plain.get(), CString(dir) + "/East.GRS", false));
 
   CGroupSet* group = nullptr;
@@ -182,15 +168,36 @@ TEST(GlobalSets, ReadSetOverloadsCheckClassAndType) {
   EXPECT_EQ(SetFitsBand(*read, 811.0, 825.0, 850.0, 870.0), 0);  // below the Tx minimum
 }
 
-TEST(GlobalSets, RefreshTakesTheFileAndKeepsTheLocalName) {
+// A refresh takes each global set's file (found in any letter case, the folder listed once
+// for many sets) with its scope byte and the keys that came with it, keeps the local name,
+// and leaves local sets alone; the refreshed personality copies with its keys.
+TEST(GlobalSets, RefreshTakesTheFileKeepsTheLocalNameAndTheKeys) {
   const std::string dir = FreshDir("refresh");
   std::unique_ptr<CGroupSet> global(Groups("whatever", {"G1", "G2", "G3"}));
   ASSERT_TRUE(WriteSet(global.get(), CString(dir) + "/EAST.grs", false));  // another case
+  CEskData key;
+  key.SetEsk(7);
+  key.SetEskId("K7");
+  CTrunkSet trunk;
+  trunk.SetScope(1);
+  trunk.AddEsk(&key);
+  ASSERT_TRUE(WriteSet(&trunk, CString(dir) + "/Metro.TRS", false));
 
   auto* p = new CPersonality;
   std::unique_ptr<CPersonality> owner(p);
   p->AddSet(Groups("Local", {"L1"}, 0), GroupSetType);
   p->AddSet(Groups("East", {"Old"}), GroupSetType);
+  auto* local = new CTrunkSet;
+  local->SetName("Metro");
+  local->SetScope(1);
+  p->AddSet(local, TrunkSetType);
+  for (int i = 0; i < 60; ++i) {
+    CPhoneSet set;
+    set.SetName(CString::Formatted("S%d", i));
+    set.SetScope(1);
+    ASSERT_TRUE(WriteSet(&set, CString(dir) + CString::Formatted("/S%d.phs", i), false));
+    p->AddSet(new CPhoneSet(set), PhoneSetType);
+  }
   PromptRecorder ok(IDOK);
   EXPECT_TRUE(ReadPersonalityGlobalSets(p, CString(dir)));
   EXPECT_TRUE(ok.said.empty());
@@ -201,6 +208,16 @@ TEST(GlobalSets, RefreshTakesTheFileAndKeepsTheLocalName) {
   EXPECT_EQ(east->GetSize(), 3);
   EXPECT_EQ(p->GetSet("east", GroupSetType), east);
   EXPECT_EQ(p->GetSetAt(0, GroupSetType)->GetSize(), 1);  // local sets are left alone
+  EXPECT_EQ(p->GetNumSets(PhoneSetType), 60);
+  EXPECT_EQ(p->GetSetAt(59, PhoneSetType)->GetName(), "S59");
+  CPersonality copy(*p);
+  for (const CPersonality* q : {owner.get(), &copy}) {
+    auto* refreshed = static_cast<CTrunkSet*>(q->GetSetAt(0, TrunkSetType));
+    EXPECT_EQ(refreshed->GetName(), "Metro");
+    ASSERT_EQ(refreshed->GetNumEsks(), 1);
+    EXPECT_EQ(refreshed->GetEskAt(0)->GetEskId(), "K7");
+    EXPECT_EQ(refreshed->GetEskAt(0)->GetEsk(), 7);
+  }
 }
 
 TEST(GlobalSets, RefreshKeepsTheLocalCopyWhenTheFileCannotBeUsed) {
@@ -210,11 +227,10 @@ TEST(GlobalSets, RefreshKeepsTheLocalCopyWhenTheFileCannotBeUsed) {
   CPhoneSet phones;
   phones.SetName("Wrong");
   ASSERT_TRUE(WriteSet(&phones, CString(dir) + "/Wrong.GRS", false));
-  std::unique_ptr<CGroupSet> typed(Groups("Typed", {"G"}));
-  ByteSetter type10("SetType", EaGroupSetType);
-  typed->VisitFields(type10);
+  std::unique_ptr<CGroupSet> typed(Groups("Typed", {"G"}, 1, EaGroupSetType));
   ASSERT_TRUE(WriteSet(typed.get(), CString(dir) + "/Typed.GRS", false));
   WriteFileAtomically(dir + "/Broken.GRS", std::vector<BYTE>{0xFF, 0xFF, 0x01});
+  WriteFileAtomically(dir + "/Null.GRS", std::vector<BYTE>{0x00, 0x00});  // a null record
   ASSERT_EQ(std::system(("mkdir -p '" + dir + "/sub' && touch '" + dir + "/sub/x.GRS'").c_str()),
             0);
 
@@ -222,21 +238,22 @@ TEST(GlobalSets, RefreshKeepsTheLocalCopyWhenTheFileCannotBeUsed) {
   std::unique_ptr<CPersonality> owner(p);
   p->AddSet(Channels("Hot", 810.0), ConvSetType);
   p->AddSet(Channels("Gone", 810.0), ConvSetType);
-  for (const char* name : {"Wrong", "Typed", "Broken", "../failures/sub/x", "sub/x"}) {
+  for (const char* name : {"Wrong", "Typed", "Broken", "Null", "../failures/sub/x", "sub/x"}) {
     p->AddSet(Groups(name, {"Mine"}), GroupSetType);
   }
   PromptRecorder ok(IDOK);
   EXPECT_TRUE(ReadPersonalityGlobalSets(p, CString(dir)));
-  ASSERT_EQ(ok.said.size(), 7u);
+  ASSERT_EQ(ok.said.size(), 8u);
   // Group sets come before conventional sets.
   EXPECT_EQ(ok.said[0], "Global Group set Wrong not found, using local copy");
   EXPECT_EQ(ok.said[1], "Global Group set Typed not found, using local copy");
   EXPECT_EQ(ok.said[2].rfind("Global Group set Broken could not be read (", 0), 0u) << ok.said[2];
-  EXPECT_EQ(ok.said[3],
+  EXPECT_EQ(ok.said[3], "Global Group set Null not found, using local copy");
+  EXPECT_EQ(ok.said[4],
             "Global Group set ../failures/sub/x is not a usable file name, using local copy");
-  EXPECT_EQ(ok.said[4], "Global Group set sub/x is not a usable file name, using local copy");
-  EXPECT_EQ(ok.said[5], "Global Conv set Hot contains out of range frequencies, using local copy");
-  EXPECT_EQ(ok.said[6], "Global Conv set Gone not found, using local copy");
+  EXPECT_EQ(ok.said[5], "Global Group set sub/x is not a usable file name, using local copy");
+  EXPECT_EQ(ok.said[6], "Global Conv set Hot contains out of range frequencies, using local copy");
+  EXPECT_EQ(ok.said[7], "Global Conv set Gone not found, using local copy");
   for (SetType type : {GroupSetType, ConvSetType}) {
     for (int i = 0; i < p->GetNumSets(type); ++i) {
       const CSet* set = p->GetSetAt(i, type);
@@ -247,58 +264,7 @@ TEST(GlobalSets, RefreshKeepsTheLocalCopyWhenTheFileCannotBeUsed) {
   EXPECT_EQ(static_cast<CConvChannel*>(p->GetSetAt(0, ConvSetType)->GetAt(0))->GetTxFreq(), 810.0);
   // A second refresh has nothing left to do.
   EXPECT_TRUE(ReadPersonalityGlobalSets(p, CString(dir)));
-  EXPECT_EQ(ok.said.size(), 7u);
-}
-
-TEST(GlobalSets, RefreshedTrunkSetKeepsTheKeysThatCameWithIt) {
-  const std::string dir = FreshDir("keys");
-  CEskData key;
-  key.SetEsk(7);
-  key.SetEskId("K7");
-  CTrunkSet trunk;
-  trunk.SetName("Metro");
-  trunk.SetScope(1);
-  trunk.AddEsk(&key);
-  ASSERT_TRUE(WriteSet(&trunk, CString(dir) + "/Metro.TRS", false));
-
-  auto* p = new CPersonality;
-  std::unique_ptr<CPersonality> owner(p);
-  auto* local = new CTrunkSet;
-  local->SetName("Metro");
-  local->SetScope(1);
-  p->AddSet(local, TrunkSetType);
-  PromptRecorder ok(IDOK);
-  EXPECT_TRUE(ReadPersonalityGlobalSets(p, CString(dir)));
-  EXPECT_TRUE(ok.said.empty());
-  auto* refreshed = static_cast<CTrunkSet*>(p->GetSetAt(0, TrunkSetType));
-  ASSERT_EQ(refreshed->GetNumEsks(), 1);
-  EXPECT_EQ(refreshed->GetEskAt(0)->GetEskId(), "K7");
-  EXPECT_EQ(refreshed->GetEskAt(0)->GetEsk(), 7);
-  // The refreshed personality saves and copies with its keys.
-  CPersonality copy(*p);
-  EXPECT_EQ(static_cast<CTrunkSet*>(copy.GetSetAt(0, TrunkSetType))->GetEskAt(0)->GetEskId(), "K7");
-}
-
-TEST(GlobalSets, RefreshListsTheFolderOnceForManySets) {
-  const std::string dir = FreshDir("many");
-  auto* p = new CPersonality;
-  std::unique_ptr<CPersonality> owner(p);
-  for (int i = 0; i < 60; ++i) {
-    const std::string name = "S" + std::to_string(i);
-    CPhoneSet set;
-    set.SetName(name.c_str());
-    set.SetScope(1);
-    ASSERT_TRUE(WriteSet(&set, CString(dir + "/" + name + ".phs"), false));
-    auto* local = new CPhoneSet;
-    local->SetName(name.c_str());
-    local->SetScope(1);
-    p->AddSet(local, PhoneSetType);
-  }
-  PromptRecorder ok(IDOK);
-  EXPECT_TRUE(ReadPersonalityGlobalSets(p, CString(dir)));
-  EXPECT_TRUE(ok.said.empty());
-  EXPECT_EQ(p->GetNumSets(PhoneSetType), 60);
-  EXPECT_EQ(p->GetSetAt(59, PhoneSetType)->GetName(), "S59");
+  EXPECT_EQ(ok.said.size(), 8u);
 }
 
 }  // namespace

@@ -1,20 +1,27 @@
-// CPersonality: the stored vectors, the file layout by schema, the load repairs, a rich round
-// trip, copy and assignment.
-#include <persona/personality/personality.h>
-
+// CPersonality: the stored vectors, the file layout by schema, the load repairs (band edges,
+// versions, the emergency latch, tone triggers), a rich round trip, copy, assignment and the
+// merge steps (appends against replacement, shared keys).
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 
+#include <persona/options/gen_radio_opts.h>
 #include <persona/options/macro.h>
 #include <persona/options/status_message.h>
+#include <persona/options/supervisory_opts.h>
+#include <persona/options/tone_encode.h>
+#include <persona/personality/load_fixups.h>
+#include <persona/personality/personality.h>
 #include <persona/systems/conv_system.h>
 #include <persona/systems/esk_data.h>
 #include <persona/systems/ext_add_system.h>
 #include <persona/systems/p25_conv_system.h>
 #include <persona/systems/p25_trk_system.h>
 #include <persona/systems/plm_system.h>
+#include <persona/systems/trunk_set.h>
 #include <persona/systems/trunk_system.h>
+#include "support/bytes.h"
 #include "support/record_testing.h"
 #include "support/test_data.h"
 
@@ -32,22 +39,16 @@ constexpr std::size_t kSchemaOffset = 2;
 TEST(PersonalityVectors, EmptyPersonalityLoadsAndStoresBackByteForByte) {
   const std::vector<BYTE> bytes = ReadTestFile("vectors/personality_empty.bin");
   auto p = LoadAs<CPersonality>(bytes, "personality_empty.bin");
-  EXPECT_EQ(p->GetName(), "Demo");
-  EXPECT_EQ(p->GetDescription(), "bench sample");
-  EXPECT_EQ(p->GetSavedOn(), "2026-11-21 10:00");
-  EXPECT_EQ(p->GetSavedBy(), "tech");
-  EXPECT_EQ(p->GetVersion(), 20);
-  ASSERT_EQ(p->GetNumRadioTypes(), 1);
-  EXPECT_EQ(p->GetRadioTypeAt(0), 68);
-  EXPECT_EQ(p->GetTxMinFreq(), 806.0);
-  EXPECT_EQ(p->GetTxMaxFreq(), 825.0);
-  EXPECT_EQ(p->GetRxMinFreq(), 851.0);
-  EXPECT_EQ(p->GetRxMaxFreq(), 870.0);
-  EXPECT_EQ(p->GetLastRadio(), 68);
-  EXPECT_EQ(p->GetStoredSchema(), 4);
-  EXPECT_TRUE(p->IsLoaded());
-  EXPECT_EQ(p->GetNumSystems(), 0);
-  EXPECT_EQ(p->GetNumOptions(), 0);
+  const std::string header = p->GetName().str() + "|" + p->GetDescription().str() + "|" +
+                             p->GetSavedOn().str() + "|" + p->GetSavedBy().str();
+  EXPECT_EQ(header, "Demo|bench sample|2026-11-21 10:00|tech");
+  const double band[] = {p->GetTxMinFreq(), p->GetTxMaxFreq(), p->GetRxMinFreq(),
+                         p->GetRxMaxFreq()};
+  EXPECT_EQ(std::vector<double>(band, band + 4), (std::vector<double>{806, 825, 851, 870}));
+  const int numbers[] = {p->GetVersion(),    p->GetNumRadioTypes(), p->GetRadioTypeAt(0),
+                         p->GetLastRadio(),  p->GetStoredSchema(),  p->GetNumSystems(),
+                         p->GetNumOptions(), p->IsLoaded()};
+  EXPECT_EQ(std::vector<int>(numbers, numbers + 8), (std::vector<int>{20, 1, 68, 68, 4, 0, 0, 1}));
   EXPECT_EQ(Hex(StoreObject(p.get())), Hex(bytes));
 }
 
@@ -110,35 +111,33 @@ TEST(PersonalityLayout, HeaderTextNamesTheFileAndDoublesFollowArchiveOrder) {
   EXPECT_EQ(limits[3], 4.0);
 }
 
-// Stores p, overwrites the four limits in the stored bytes and loads it again.
-std::unique_ptr<CPersonality> LoadWithLimits(double txMin, double txMax, double rxMin, double rxMax,
-                                             WORD version = 20) {
-  CPersonality p;
-  p.SetVersion(version);
-  p.SetTxMinFreq(txMin);
-  p.SetTxMaxFreq(txMax);
-  p.SetRxMinFreq(rxMin);
-  p.SetRxMaxFreq(rxMax);
-  return LoadAs<CPersonality>(StoreObject(&p));
-}
-
-TEST(PersonalityLoadRepairs, OldBandEdgesAreCorrectedOnExactMatchOnly) {
-  auto p = LoadWithLimits(895.0, 902.0, 895.0, 902.0);
-  EXPECT_EQ(p->GetTxMinFreq(), 896.0125);
-  EXPECT_EQ(p->GetTxMaxFreq(), 901.9875);
-  EXPECT_EQ(p->GetRxMinFreq(), 935.0125);
-  EXPECT_EQ(p->GetRxMaxFreq(), 940.9875);
-  auto q = LoadWithLimits(895.0000001, 902.0000001, 806.0, 870.0);
-  EXPECT_EQ(q->GetTxMinFreq(), 895.0000001);
-  EXPECT_EQ(q->GetTxMaxFreq(), 902.0000001);
-  EXPECT_EQ(q->GetRxMinFreq(), 806.0);
-  EXPECT_EQ(q->GetRxMaxFreq(), 870.0);
-}
-
-TEST(PersonalityLoadRepairs, VersionsBelowSeventeenBecomeTwenty) {
-  EXPECT_EQ(LoadWithLimits(1, 2, 3, 4, 16)->GetVersion(), 20);
-  EXPECT_EQ(LoadWithLimits(1, 2, 3, 4, 0)->GetVersion(), 20);
-  EXPECT_EQ(LoadWithLimits(1, 2, 3, 4, 17)->GetVersion(), 17);
+// Old band edges are corrected on an exact match only; versions below 17 become 20.
+TEST(PersonalityLoadRepairs, OldBandEdgesAndVersionsBelowSeventeen) {
+  const struct {
+    WORD version;
+    double stored[4];  // tx min, tx max, rx min, rx max
+    WORD loadedVersion;
+    double loaded[4];
+  } rows[] = {
+      {20, {895.0, 902.0, 895.0, 902.0}, 20, {896.0125, 901.9875, 935.0125, 940.9875}},
+      {20, {895.0000001, 902.0000001, 806, 870}, 20, {895.0000001, 902.0000001, 806, 870}},
+      {16, {1, 2, 3, 4}, 20, {1, 2, 3, 4}},
+      {0, {1, 2, 3, 4}, 20, {1, 2, 3, 4}},
+      {17, {1, 2, 3, 4}, 17, {1, 2, 3, 4}},
+  };
+  for (const auto& r : rows) {
+    CPersonality p;
+    p.SetVersion(r.version);
+    p.SetTxMinFreq(r.stored[0]);
+    p.SetTxMaxFreq(r.stored[1]);
+    p.SetRxMinFreq(r.stored[2]);
+    p.SetRxMaxFreq(r.stored[3]);
+    auto q = LoadAs<CPersonality>(StoreObject(&p));
+    EXPECT_EQ(q->GetVersion(), r.loadedVersion);
+    const double got[4] = {q->GetTxMinFreq(), q->GetTxMaxFreq(), q->GetRxMinFreq(),
+                           q->GetRxMaxFreq()};
+    EXPECT_TRUE(std::equal(got, got + 4, r.loaded)) << r.stored[0] << " " << r.version;
+  }
 }
 
 // One system of each kind, every described field set to a distinctive value.
@@ -178,21 +177,6 @@ TEST(PersonalityRoundTrip, RichPersonalityStoresLoadsAndStoresAgainByteForByte) 
   EXPECT_NE(trunked->GetESK(), trunked->CSystem::GetESK());
   EXPECT_EQ(
       static_cast<CStatusMessage*>(loaded->FindOption(RUNTIME_CLASS(CStatusMessage)))->GetId(), 4);
-}
-
-TEST(PersonalityLoad, DamagedFileFailsWithOffsetAndLeavesNothingBehind) {
-  CPersonality p(68, 0);
-  AddOneSystemOfEachKind(p);
-  std::vector<BYTE> bytes = StoreObject(&p);
-  bytes.resize(bytes.size() / 2);
-  try {
-    LoadAs<CPersonality>(bytes, "half.pers");
-    FAIL() << "a truncated personality loaded";
-  } catch (const CArchiveException& e) {
-    EXPECT_EQ(e.m_cause, CArchiveException::endOfFile);
-    EXPECT_EQ(e.m_strFileName, "half.pers");
-    EXPECT_LE(e.m_offset, bytes.size());
-  }
 }
 
 // An option record that refers to key records without owning them, as set key lists do.
@@ -282,6 +266,138 @@ TEST(PersonalityCopy, CopiesKnownClassesOnlyAndAppendsRadioTypes) {
   EXPECT_EQ(target.GetRadioTypeAt(2), 90);
   target = &target;  // self-assignment: nothing happens
   EXPECT_EQ(target.GetNumSystems(), 6);
+}
+
+// Exposes the merge operations.
+class MergingPersonality : public CPersonality {
+ public:
+  using CPersonality::AddOptions;
+  using CPersonality::AddSets;
+  using CPersonality::AddSystems;
+  using CPersonality::operator=;
+};
+
+CSet* NewTrunkSet(const char* name) {
+  auto* set = new CTrunkSet;
+  set->SetName(name);
+  return set;
+}
+
+TEST(PersonalityMerge, AssignmentReplacesSetsWhileAddSetsAppends) {
+  CPersonality src;
+  for (const char* name : {"A", "B", "C"}) src.AddSet(NewTrunkSet(name), TrunkSetType);
+  auto* stray = new CSet(TrunkSetType);  // not of the list's class: copied as one, set part only
+  stray->SetName("STRAY");
+  src.AddSet(stray, TrunkSetType);
+
+  MergingPersonality target;
+  target.AddSet(NewTrunkSet("X"), TrunkSetType);
+  target.AddSet(NewTrunkSet("Y"), TrunkSetType);
+  target = &src;
+  ASSERT_EQ(target.GetNumTrkSets(), 4);
+  EXPECT_EQ(target.GetSetAt(0, TrunkSetType)->GetName(), "A");
+  EXPECT_STREQ(target.GetSetAt(3, TrunkSetType)->GetClassName(), "CTrunkSet");
+  EXPECT_EQ(target.GetSetAt(3, TrunkSetType)->GetName(), "STRAY");
+  EXPECT_NE(target.GetSetAt(0, TrunkSetType), src.GetSetAt(0, TrunkSetType));
+  target.AddSets(&src);
+  EXPECT_EQ(target.GetNumTrkSets(), 8);
+  EXPECT_EQ(target.FindSetIndex("a", TrunkSetType), 0);  // the first of two A's
+  target.AddSystems(&src);
+  target.AddOptions(&src);
+  EXPECT_EQ(target.GetNumSystems(), 0);
+}
+
+TEST(PersonalityMerge, SharedKeyRecordsOutliveTheSourceInItsCopy) {
+  CObList keys;
+  auto copy = std::make_unique<CPersonality>();
+  {
+    CPersonality src(68, 0);
+    std::vector<std::unique_ptr<CObject>> records;
+    records.push_back(std::make_unique<CEskData>());
+    static_cast<CEskData*>(records[0].get())->SetEskId("K");
+    keys.AddTail(records[0].get());
+    src.AdoptSharedRecords(std::move(records));
+    *copy = src;
+  }
+  // Under AddressSanitizer a freed key record would fail here.
+  EXPECT_EQ(static_cast<CEskData*>(keys.GetAt(0))->GetEskId(), "K");
+}
+
+// The load repairs that reach into option records: the emergency latch and the tone encoding
+// triggers of old files.
+// A latched emergency (any latch above 1) becomes 1 and switches the emergency ID on in a new
+// supervisory record with the last radio's full defaults; an existing supervisory record, an
+// unlatched or missing general options record change nothing.
+TEST(GeneralOptionsFixup, LatchBecomesOneAndEmergencyIdIsSwitchedOn) {
+  const struct {
+    int latch;  // -1: no general options record
+    bool supervisory;
+    int latchAfter;
+    const char* emergencyId;  // "none": no supervisory record afterwards
+  } rows[] = {{3, false, 1, "1"},
+              {1, false, 1, "1"},
+              {1, true, 1, "0"},
+              {0, false, 0, "none"},
+              {-1, false, -1, "none"}};
+  for (const auto& r : rows) {
+    CPersonality personality(68, 0);
+    auto* general = r.latch < 0 ? nullptr : new CGenRadioOpts(68, 0);
+    if (general != nullptr) general->SetEmerLatch(static_cast<BYTE>(r.latch));
+    if (general != nullptr) personality.PutOption(general);
+    if (r.supervisory) personality.PutOption(new CSupervisoryOpts);
+    ApplyGeneralOptionsFixup(personality);
+    if (general != nullptr) {
+      EXPECT_EQ(general->GetEmerLatch(), r.latchAfter) << r.latch;
+    }
+    const CSupervisoryOpts* supervisory = personality.GetOption<CSupervisoryOpts>();
+    EXPECT_EQ(supervisory ? std::to_string(supervisory->GetEmerLID()) : "none", r.emergencyId);
+    if (supervisory != nullptr && !r.supervisory) {
+      EXPECT_EQ(supervisory->GetLastSysGrpRecall(), CSupervisoryOpts(68, 0).GetLastSysGrpRecall());
+      EXPECT_EQ(supervisory->GetLastSysGrpRecall(), 1);
+    }
+  }
+}
+
+// A tone encode record as a version-16 file holds it: sequences of each encode type.
+std::unique_ptr<CToneEncode> OldToneEncode() {
+  test::Bytes b;
+  b.NewClass("CToneEncode", 1).U16(4);
+  b.NewClass("CToneSeq", 1).Str("S0").U8(2).U8(3).U16(0).U16(100);
+  b.U16(0x8003).Str("S1").U8(2).U8(0).U16(0).U16(100);
+  b.U16(0x8003).Str("S2").U8(1).U8(3).U16(0).U16(100);
+  b.U16(0x8003).Str("S3").U8(2).U8(2).U16(0).U16(100);
+  b.U8(1);
+  return test::LoadWhole<CToneEncode>(b.bytes());
+}
+
+TEST(ToneTriggerFixup, SequentialTriggersAdvanceAndThreeWraps) {
+  CPersonality personality(100, 0);
+  CToneEncode* encode = OldToneEncode().release();
+  personality.PutOption(encode);
+
+  EXPECT_TRUE(RemapToneEncodeTriggers(personality));
+  ASSERT_EQ(encode, personality.GetOption<CToneEncode>());
+  ASSERT_EQ(4, encode->GetNumSeqs());
+  EXPECT_EQ(0, encode->GetSeqAt(0)->GetEncodingTrigger());  // 3 wraps to 0
+  EXPECT_EQ(1, encode->GetSeqAt(1)->GetEncodingTrigger());
+  EXPECT_EQ(3, encode->GetSeqAt(2)->GetEncodingTrigger());  // other encode types stay
+  EXPECT_EQ(3, encode->GetSeqAt(3)->GetEncodingTrigger());
+  EXPECT_EQ(CString("S3"), encode->GetSeqAt(3)->GetName());
+}
+
+TEST(ToneTriggerFixup, NothingToRemap) {
+  CPersonality bare(100, 0);
+  EXPECT_FALSE(RemapToneEncodeTriggers(bare));
+
+  CPersonality personality(100, 0);
+  auto* encode = new CToneEncode;
+  auto* seq = new CToneSeq;
+  seq->SetEncodeType(1);
+  seq->SetEncodingTrigger(3);
+  encode->AddSeq(seq);
+  personality.PutOption(encode);
+  EXPECT_FALSE(RemapToneEncodeTriggers(personality));
+  EXPECT_EQ(3, encode->GetSeqAt(0)->GetEncodingTrigger());
 }
 
 }  // namespace

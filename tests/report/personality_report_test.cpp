@@ -8,6 +8,7 @@
 
 #include <persona/conventional/conv_set.h>
 #include <persona/options/lumo_opts.h>
+#include <persona/report/merge_policy.h>
 #include <persona/report/personality_ops.h>
 #include <persona/report/personality_report.h>
 #include <persona/systems/group_set.h>
@@ -178,21 +179,31 @@ TEST(PersonalityOps, ModelDefaultsHoldOneRecordOfEveryOptionClassInReportOrder) 
   EXPECT_EQ(p->GetNumOptions(), 48);
 }
 
-TEST(PersonalityOps, MergeAppendsAndListsTheNamesHeldTwice) {
+// Systems, conventional sets and clashes of a merge, as one line.
+std::string Summary(const CPersonality& m, const std::vector<std::string>& clashes) {
+  std::string out;
+  for (int i = 0; i < m.GetNumSystems(); ++i) out += m.GetSystemAt(i)->GetName().str() + " ";
+  out += "|";
+  for (int i = 0; i < m.GetNumSets(ConvSetType); ++i) {
+    out += " " + m.GetSetAt(i, ConvSetType)->GetName().str();
+  }
+  for (const std::string& c : clashes) out += " | " + c;
+  return out;
+}
+
+// A holds system NORTH and conventional set Metro; B holds NORTH, SOUTH, conventional set
+// METRO (a clash: set names ignore case) and group set Metro (another list: no clash).
+TEST(PersonalityOps, MergesAppendAndSettleTheNamesHeldTwiceByPolicy) {
   CPersonality a(103, 0);
-  auto* north = new CTrunkSystem(103, 0);
-  north->SetName("NORTH");
-  a.AddSystem(north);
+  CPersonality b(68, 0);
+  for (auto [p, name] : {std::pair{&a, "NORTH"}, {&b, "NORTH"}, {&b, "SOUTH"}}) {
+    auto* system = new CTrunkSystem(68, 0);
+    system->SetName(name);
+    p->AddSystem(system);
+  }
   auto* metro = new CConvSet(103, 0);
   metro->SetName("Metro");
   a.AddSet(metro, ConvSetType);
-  CPersonality b(68, 0);
-  auto* north2 = new CTrunkSystem(68, 0);
-  north2->SetName("NORTH");
-  auto* south = new CTrunkSystem(68, 0);
-  south->SetName("SOUTH");
-  b.AddSystem(north2);
-  b.AddSystem(south);
   auto* metro2 = new CConvSet(68, 0);
   metro2->SetName("METRO");
   b.AddSet(metro2, ConvSetType);
@@ -200,20 +211,32 @@ TEST(PersonalityOps, MergeAppendsAndListsTheNamesHeldTwice) {
   group->SetName("Metro");
   b.AddSet(group, GroupSetType);
 
-  MergeResult result = MergePersonalities(a, b);
-  ASSERT_EQ(result.clashes.size(), 2u);
-  EXPECT_EQ(result.clashes[0].what, "system");
-  EXPECT_EQ(result.clashes[0].name, "NORTH");
-  EXPECT_EQ(result.clashes[1].what, "set conv");
-  EXPECT_EQ(result.clashes[1].name, "METRO");
-  CPersonality& m = *result.merged;
-  EXPECT_EQ(m.GetNumSystems(), 3);
-  EXPECT_EQ(m.GetSystemAt(2)->GetName(), CString("SOUTH"));
-  EXPECT_EQ(m.GetNumSets(ConvSetType), 2);
-  EXPECT_EQ(m.GetNumRadioTypes(), 2);
-  EXPECT_EQ(m.GetLastRadio(), 103);
-  EXPECT_EQ(a.GetNumSystems(), 1);  // the inputs stay as they were
-  EXPECT_EQ(b.GetNumSystems(), 2);
+  MergeResult plain = MergePersonalities(a, b);
+  std::vector<std::string> clashes;
+  for (const auto& c : plain.clashes) clashes.push_back(c.what + " " + c.name);
+  EXPECT_EQ(Summary(*plain.merged, clashes),
+            "NORTH NORTH SOUTH | Metro METRO | system NORTH | set conv METRO");
+  EXPECT_EQ(plain.merged->GetNumRadioTypes(), 2);
+  EXPECT_EQ(plain.merged->GetLastRadio(), 103);
+  const std::pair<ClashPolicy, const char*> policies[] = {
+      {ClashPolicy::KeepBoth,
+       "NORTH NORTH SOUTH | Metro METRO | system NORTH: kept both | conv set METRO: kept both"},
+      {ClashPolicy::PreferA,
+       "NORTH SOUTH | Metro | system NORTH: kept A's | conv set METRO: kept A's"},
+      {ClashPolicy::PreferB,
+       "NORTH SOUTH | METRO | system NORTH: took B's | conv set METRO: took B's"},
+      {ClashPolicy::Rename,
+       "NORTH NORTH-B SOUTH | Metro METRO-B | system NORTH: B's renamed to NORTH-B | conv set "
+       "METRO: B's renamed to METRO-B"}};
+  for (const auto& [policy, expected] : policies) {
+    PolicyMergeResult merged = MergeWithPolicy(a, b, policy, "-B");
+    clashes.clear();
+    for (const auto& c : merged.clashes)
+      clashes.push_back(c.what + " " + c.name + ": " + c.outcome);
+    EXPECT_EQ(Summary(*merged.merged, clashes), expected);
+    EXPECT_EQ(merged.merged->GetNumSets(GroupSetType), 1);
+  }
+  EXPECT_EQ(Summary(a, {}) + Summary(b, {}), "NORTH | MetroNORTH SOUTH | METRO");  // unchanged
 }
 
 TEST(PersonalityOps, SetKindsByKeyOrNumber) {
