@@ -22,43 +22,6 @@ CP25ConvChannel* MakeChannel(const char* name, double tx, double rx) {
   return c;
 }
 
-TEST(P25ConvSet, StoresTheDocumentedLayout) {
-  CP25ConvSet set;
-  set.SetName("P25C");
-  set.SetTxMinFreq(136.0);
-  set.SetTxMaxFreq(174.0);
-  set.SetRxMinFreq(137.0);
-  set.SetRxMaxFreq(173.0);
-  set.SetP25GroupSet("GRPS");
-  CP25ConvChannel* c = MakeChannel("OPS", 155.1, 155.7);
-  c->SetTxCg("C");
-  c->SetTgid(0x00010203);
-  c->SetTxNac(0x123);
-  c->SetSte(1);
-  c->SetEmer(1);
-  c->SetSqMode(2);
-  c->SetPreAmp(1);
-  c->SetTalkaround(0);
-  set.Add(c);
-  // clang-format off
-  const auto expected = Bytes()
-      .NewClass("CP25ConvSet", 1).Count(1)
-      .NewClass("CP25ConvChannel", 3)
-      .Str("OPS").F64(155.1).F64(155.7).Str("C").Str("")
-      .U32(0x00010203).U16(0x123).U16(659)
-      .U8(1).U8(1).U8(0).U8(0).U8(0).U8(1).U8(1).U8(0)  // Ste, Backlight, Scan, CCT, TxBusy,
-                                                        // Emer, AlertTone, FixPower
-      .U8(2).U8(2).U8(1).U8(1)                          // BandWidth, SqMode, VoiceMode, Power
-      .U8(1)                                            // schema 2: PreAmp, after Power
-      .U8(1).U8(0)                                      // schema 3: CgSel, Talkaround
-      .Str("P25C").U8(8).U8(0)
-      .F64(136.0).F64(137.0).F64(174.0).F64(173.0).Str("GRPS")
-      .bytes();
-  // clang-format on
-  EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
-  test::ExpectRoundTrip(set);
-}
-
 TEST(P25ConvSet, LoadsOlderChannelSchemas) {
   auto setWith = [](unsigned schema) {
     Bytes b;
@@ -147,45 +110,6 @@ TEST(P25ConvSet, ReferencesLookupsAndFrequencyCheck) {
   EXPECT_EQ(1, check(820.0, 850.0, 800.0));
   EXPECT_EQ(0, check(805.0, 860.0, 806.0));
   EXPECT_EQ(1, check(0.0, 860.0, 806.0));
-}
-
-TEST(P25ConvSet, DefaultsAndReportLines) {
-  const CP25ConvChannel reduced(68, 1);
-  EXPECT_EQ(0, reduced.GetBacklight());
-  EXPECT_EQ(0, reduced.GetAlertTone());
-  EXPECT_EQ(0, reduced.GetVoiceMode());
-  EXPECT_EQ(1, CP25ConvChannel(68, 0).GetVoiceMode());
-  EXPECT_EQ(P25ConvSetType, CP25ConvSet(68, 1).GetSetType());
-
-  CP25ConvSet set;
-  set.SetName("P25C");
-  set.SetP25GroupSet("GRPS");
-  CP25ConvChannel* c = MakeChannel("OPS", 155.1, 155.7);
-  c->SetTxCg("156.7");
-  c->SetTgid(65535);
-  c->SetSqMode(1);
-  c->SetScan(1);
-  c->SetPreAmp(1);
-  set.Add(c);
-  CStringArray out;
-  set.printToBuffer(out, 4, 68, 900.0);
-  const std::vector<std::string> expected = {
-      "   4   - P25C        ",
-      "                  P25 Group Set     - GRPS        ",
-      "            Ch  1 OPS         ",
-      "                  Tx Frequency      - 155.1000     Tx Chan Guard   - 156.7",
-      "                  Rx Frequency      - 155.7000     Rx Chan Guard   -      ",
-      "                  Talk Group ID     - 65535        Sq Mode         - SEL ",
-      "                  Tx NAC            - 293          Rx NAC          - 293",
-      "                  Band Width        - C4FM         Voice Mode      - P25  ",
-      "                  Power             - High         PreAmp          - On ",
-      "                  CCT               - Off          Scan            - On ",
-      "                  Backlight         - On           Tx Busy         - Off",
-      "                  STE               - Off          Alert Tone      - On ",
-      "                  Fix Power         - Off",
-      "",
-  };
-  test::ExpectLines(expected, out);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include <persona/calls/sp_call_set.h>
 #include <persona/conventional/conv_set.h>
+#include <persona/framework/exceptions.h>
 #include <persona/io/personality_file.h>
 #include <persona/options/gen_radio_opts.h>
 #include <persona/options/supervisory_opts.h>
@@ -96,6 +97,10 @@ TEST(PersonalityIntegration, RichPersonalityRoundTripsByteForByte) {
   // of one of the sets that names it.
   loaded.personality->DeleteSetAt(0, TrunkSetType);
   EXPECT_EQ(group->GetEskAt(0)->GetEskId(), "K1");
+  // Every truncation of the file fails with an archive fault (no crash, no leak).
+  for (std::size_t size = 0; size < first.size(); ++size) {
+    EXPECT_THROW(LoadPersonalityBytes(first.data(), size, "cut.pers"), CArchiveException) << size;
+  }
 }
 
 TEST(PersonalityIntegration, CopiesCarryEverySetClass) {

@@ -26,19 +26,6 @@ CString NameAt(const CSet& set, int i) {
   return static_cast<CStatusMessage*>(set.GetAt(i))->GetName();
 }
 
-TEST(Set, ConstructorsSetNameTypeAndScope) {
-  CSet plain;
-  EXPECT_EQ(plain.GetName(), "");
-  EXPECT_EQ(plain.GetSetType(), 0);
-  EXPECT_EQ(plain.GetScope(), 0);
-  CSet typed(P25GroupSetType);
-  EXPECT_EQ(typed.GetSetType(), 9);
-  CSet model(68, 1);
-  EXPECT_EQ(model.GetSetType(), 0);
-  EXPECT_EQ(model.GetSize(), 0);
-  EXPECT_EQ(model.Validate(), 1);
-}
-
 TEST(Set, PositionRules) {
   CSet set;
   set.Add(Msg("A", 1));
@@ -166,31 +153,6 @@ TEST(Set, ArchiveKeepsOrderNameTypeAndScope) {
   EXPECT_EQ(NameAt(*loaded, 0), "One");
   EXPECT_EQ(NameAt(*loaded, 1), "Two");
   test::ExpectRoundTrip(set);
-}
-
-TEST(SmallRecords, ArchiveFormsAndCopies) {
-  CStatusMessage msg;
-  msg.SetName("Enroute");
-  msg.SetId(0x1234);
-  EXPECT_EQ(test::Hex(test::StoreObject(&msg)),
-            "ff ff 01 00 0e 00 43 53 74 61 74 75 73 4d 65 73 73 61 67 65 07 45 6e 72 6f 75 74 65 "
-            "34 12");
-  CMacro macro;
-  macro.SetActivate(0xBEEF);
-  macro.SetStroke(7);
-  // Activate is held in 32 bits.
-  EXPECT_EQ(test::Hex(test::StoreObject(&macro)),
-            "ff ff 01 00 06 00 43 4d 61 63 72 6f ef be 00 00 07 00");
-  CMacro copy;
-  copy = &macro;
-  EXPECT_EQ(copy.GetActivate(), 0xBEEF);
-  EXPECT_EQ(copy.GetStroke(), 7);
-  CEskData key;
-  test::FillFields(key, 3);
-  CEskData keyCopy(key);
-  EXPECT_EQ(test::DumpFields(keyCopy), test::DumpFields(key));
-  for (CObject* rec : std::initializer_list<CObject*>{&msg, &macro, &key})
-    test::ExpectRoundTrip(*rec);
 }
 
 }  // namespace

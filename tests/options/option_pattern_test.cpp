@@ -184,83 +184,39 @@ std::unique_ptr<CObject> Make(const CRuntimeClass* cls) {
 }
 
 // The schema that added each described field, in table order (0 or 1: every schema).
-class SinceList : public CFieldVisitor {
- public:
+std::vector<unsigned> SinceList(CObject& rec) {
   std::vector<unsigned> since;
-  void Field(const FieldInfo& f, bool&) override { since.push_back(f.since); }
-  void Field(const FieldInfo& f, BYTE&) override { since.push_back(f.since); }
-  void Field(const FieldInfo& f, WORD&) override { since.push_back(f.since); }
-  void Field(const FieldInfo& f, short&) override { since.push_back(f.since); }
-  void Field(const FieldInfo& f, DWORD&) override { since.push_back(f.since); }
-  void Field(const FieldInfo& f, LONG&) override { since.push_back(f.since); }
-  void Field(const FieldInfo& f, double&) override { since.push_back(f.since); }
-  void Field(const FieldInfo& f, CString&) override { since.push_back(f.since); }
-  void Field(const FieldInfo& f, CStringArray&) override { since.push_back(f.since); }
-  void Field(const FieldInfo& f, CWordArray&) override { since.push_back(f.since); }
-  void Field(const FieldInfo& f, WORD*, std::size_t) override { since.push_back(f.since); }
-  void Field(const FieldInfo& f, COwnedObList&) override { since.push_back(f.since); }
-  void Field(const FieldInfo& f, CObList&) override { since.push_back(f.since); }
-};
+  test::ForEachField(rec, [&](const FieldInfo& f, auto&&) { since.push_back(f.since); });
+  return since;
+}
 
-// Writes the fields that an object of an older schema holds, the way that schema stored them.
-class OldSchemaWriter : public CFieldVisitor {
- public:
-  OldSchemaWriter(CArchive& ar, unsigned schema) : m_ar(ar), m_schema(schema) {}
-  void Field(const FieldInfo& f, bool& v) override { Put(f, v); }
-  void Field(const FieldInfo& f, BYTE& v) override { Put(f, v); }
-  void Field(const FieldInfo& f, WORD& v) override { Put(f, v); }
-  void Field(const FieldInfo& f, short& v) override { Put(f, v); }
-  void Field(const FieldInfo& f, DWORD& v) override { Put(f, v); }
-  void Field(const FieldInfo& f, LONG& v) override { Put(f, v); }
-  void Field(const FieldInfo& f, double& v) override { Put(f, v); }
-  void Field(const FieldInfo& f, CString& v) override { Put(f, v); }
-  void Field(const FieldInfo& f, CStringArray& v) override {
-    if (Has(f)) v.Serialize(m_ar);
-  }
-  void Field(const FieldInfo& f, CWordArray& v) override {
-    if (Has(f)) v.Serialize(m_ar);
-  }
-  void Field(const FieldInfo& f, WORD* values, std::size_t n) override {
-    for (std::size_t i = 0; Has(f) && i < n; ++i) m_ar << values[i];
-  }
-  void Field(const FieldInfo& f, COwnedObList& v) override {
-    if (Has(f)) v.Serialize(m_ar);
-  }
-  void Field(const FieldInfo& f, CObList& v) override {
-    if (Has(f)) v.Serialize(m_ar);
-  }
-
- private:
-  bool Has(const FieldInfo& f) const { return f.since <= m_schema; }
-  template <class T>
-  void Put(const FieldInfo& f, const T& v) {
-    if (Has(f)) m_ar << v;
-  }
-  CArchive& m_ar;
-  unsigned m_schema;
-};
+// Stores the fields that an object of an older schema holds, the way that schema stored them.
+void WriteOldSchema(CObject& rec, CArchive& ar, unsigned schema) {
+  test::ForEachField(rec, [&](const FieldInfo& f, auto&& v) {
+    using T = std::decay_t<decltype(v)>;
+    if (f.since > schema) return;
+    if constexpr (std::is_same_v<T, test::WordRow>) {
+      for (std::size_t i = 0; i < v.count; ++i) ar << v.values[i];
+    } else if constexpr (std::is_class_v<T> && !std::is_same_v<T, CString>) {
+      v.Serialize(ar);
+    } else {
+      ar << v;
+    }
+  });
+}
 
 // Fills every field, and gives every owned element list two filled elements of its class.
-class ElementFiller : public SinceList {
- public:
-  explicit ElementFiller(int seed) : m_seed(seed) {}
-  void Field(const FieldInfo& f, COwnedObList& list) override {
-    SinceList::Field(f, list);
-    for (int i = 0; i < 2; ++i) {
-      CObject* e = list.GetElementClass()->CreateObject();
-      FillFields(*e, m_seed + 10 * (i + 1));
-      list.Add(e);
-    }
-  }
-
- private:
-  int m_seed;
-};
-
 void FillAll(CObject& rec, int seed) {
   FillFields(rec, seed);
-  ElementFiller elements(seed);
-  rec.VisitFields(elements);
+  test::ForEachField(rec, [seed](const FieldInfo&, auto&& list) {
+    if constexpr (std::is_same_v<std::decay_t<decltype(list)>, COwnedObList>) {
+      for (int i = 0; i < 2; ++i) {
+        CObject* e = list.GetElementClass()->CreateObject();
+        FillFields(*e, seed + 10 * (i + 1));
+        list.Add(e);
+      }
+    }
+  });
 }
 
 std::vector<std::string> Lines(const std::string& text) {
@@ -352,11 +308,10 @@ TEST(OptionRecordFamily, SchemaGuardsStayWithinTheClassSchema) {
     if (!m.fieldTable) continue;
     SCOPED_TRACE(m.cls->m_lpszClassName);
     auto rec = Make(m.cls);
-    SinceList list;
-    rec->VisitFields(list);
-    ASSERT_FALSE(list.since.empty());
+    const std::vector<unsigned> since = SinceList(*rec);
+    ASSERT_FALSE(since.empty());
     unsigned last = 0;
-    for (unsigned s : list.since) {
+    for (unsigned s : since) {
       EXPECT_LE(s, m.cls->GetSchema());
       // A new schema only appends: guards never go down along the archive order.
       EXPECT_GE(s, last);
@@ -367,7 +322,7 @@ TEST(OptionRecordFamily, SchemaGuardsStayWithinTheClassSchema) {
     const unsigned schema = m.cls->GetSchema();
     for (unsigned n = 2; n <= schema; ++n) {
       EXPECT_TRUE(m.cls->IsVersionable());
-      EXPECT_NE(std::find(list.since.begin(), list.since.end(), n), list.since.end()) << n;
+      EXPECT_NE(std::find(since.begin(), since.end(), n), since.end()) << n;
     }
   }
 }
@@ -383,22 +338,20 @@ TEST(OptionRecordFamily, OlderSchemasLoadWithLaterFieldsAtTheirDefaults) {
       const std::size_t nameLength = std::strlen(m.cls->m_lpszClassName);
       ar << WORD{0xFFFF} << static_cast<WORD>(schema) << static_cast<WORD>(nameLength);
       ar.Write(m.cls->m_lpszClassName, static_cast<UINT>(nameLength));
-      OldSchemaWriter writer(ar, schema);
-      filled->VisitFields(writer);
+      WriteOldSchema(*filled, ar, schema);
       const std::vector<BYTE> bytes = ar.TakeStoredBytes();
 
       CArchive in(bytes.data(), bytes.size(), "old.bin");
       std::unique_ptr<CObject> loaded = in.ReadOwnedObject(m.cls);
       EXPECT_EQ(in.GetRemaining(), 0u);
 
-      SinceList since;
-      loaded->VisitFields(since);
+      const std::vector<unsigned> since = SinceList(*loaded);
       const auto got = Lines(DumpFields(*loaded));
       const auto stored = Lines(DumpFields(*filled));
       const auto fresh = Lines(DumpFields(*Make(m.cls)));
-      ASSERT_EQ(got.size(), since.since.size());
+      ASSERT_EQ(got.size(), since.size());
       for (std::size_t i = 0; i < got.size(); ++i) {
-        EXPECT_EQ(got[i], since.since[i] <= schema ? stored[i] : fresh[i]);
+        EXPECT_EQ(got[i], since[i] <= schema ? stored[i] : fresh[i]);
       }
     }
   }

@@ -45,6 +45,49 @@ class Filler : public CFieldVisitor {
   int m_n;
 };
 
+class SmallFiller : public CFieldVisitor {
+ public:
+  explicit SmallFiller(int seed) : m_n(seed) {}
+  void Field(const FieldInfo&, bool& v) override { v = Next() % 2 == 1; }
+  void Field(const FieldInfo&, BYTE& v) override { v = static_cast<BYTE>(Next()); }
+  void Field(const FieldInfo&, WORD& v) override { v = static_cast<WORD>(Next()); }
+  void Field(const FieldInfo&, short& v) override { v = static_cast<short>(Next()); }
+  void Field(const FieldInfo&, DWORD& v) override { v = static_cast<DWORD>(Next()); }
+  void Field(const FieldInfo&, LONG& v) override { v = Next(); }
+  void Field(const FieldInfo&, double& v) override {
+    static const double kValues[] = {0.0, 12.5, 851.0125, 154.2375};
+    v = kValues[Next()];
+  }
+  void Field(const FieldInfo& f, CString& v) override {
+    const int n = Next();
+    v = n == 0 ? CString("") : CString::Formatted("%.5s%d", f.name, n);
+  }
+  void Field(const FieldInfo& f, CStringArray& v) override {
+    v.RemoveAll();
+    for (int i = 0; i < 2; ++i) v.Add(CString::Formatted("%.4s%d", f.name, Next()));
+  }
+  void Field(const FieldInfo&, CWordArray& v) override {
+    v.RemoveAll();
+    for (int i = 0; i < 2; ++i) v.Add(static_cast<WORD>(Next()));
+  }
+  void Field(const FieldInfo&, WORD* values, std::size_t count) override {
+    for (std::size_t i = 0; i < count; ++i) values[i] = static_cast<WORD>(Next());
+  }
+  void Field(const FieldInfo&, COwnedObList& list) override {
+    if (list.GetElementClass() == nullptr) return;
+    for (int i = 1; i <= 2; ++i) {
+      CObject* e = list.GetElementClass()->CreateObject();
+      FillSmall(*e, m_n + i);
+      list.Add(e);
+    }
+  }
+  void Field(const FieldInfo&, CObList&) override {}
+
+ private:
+  int Next() { return m_n++ % 4; }
+  int m_n;
+};
+
 class Dumper : public CFieldVisitor {
  public:
   explicit Dumper(std::string indent) : m_indent(std::move(indent)) {}
@@ -108,6 +151,11 @@ class Dumper : public CFieldVisitor {
 
 void FillFields(CObject& rec, int seed) {
   Filler filler(seed);
+  rec.VisitFields(filler);
+}
+
+void FillSmall(CObject& rec, int seed) {
+  SmallFiller filler(seed);
   rec.VisitFields(filler);
 }
 

@@ -13,10 +13,46 @@
 
 namespace persona::test {
 
+// A fixed-length WORD array field, as ForEachField hands it over.
+struct WordRow {
+  WORD* values;
+  std::size_t count;
+};
+
+// Calls f(info, value) for every described field of rec, in order; f is generic over the field
+// types (a WordRow for fixed WORD arrays).
+template <class F>
+void ForEachField(CObject& rec, F f) {
+  struct Visitor : CFieldVisitor {
+    F& f;
+    explicit Visitor(F& fn) : f(fn) {}
+    void Field(const FieldInfo& i, bool& v) override { f(i, v); }
+    void Field(const FieldInfo& i, BYTE& v) override { f(i, v); }
+    void Field(const FieldInfo& i, WORD& v) override { f(i, v); }
+    void Field(const FieldInfo& i, short& v) override { f(i, v); }
+    void Field(const FieldInfo& i, DWORD& v) override { f(i, v); }
+    void Field(const FieldInfo& i, LONG& v) override { f(i, v); }
+    void Field(const FieldInfo& i, double& v) override { f(i, v); }
+    void Field(const FieldInfo& i, CString& v) override { f(i, v); }
+    void Field(const FieldInfo& i, CStringArray& v) override { f(i, v); }
+    void Field(const FieldInfo& i, CWordArray& v) override { f(i, v); }
+    void Field(const FieldInfo& i, WORD* v, std::size_t n) override { f(i, WordRow{v, n}); }
+    void Field(const FieldInfo& i, COwnedObList& v) override { f(i, v); }
+    void Field(const FieldInfo& i, CObList& v) override { f(i, v); }
+  } visitor(f);
+  rec.VisitFields(visitor);
+}
+
 // Sets every described scalar, string and array field of rec to a value that differs from
 // field to field and from the usual defaults; seed varies the values between records.
 // Owned and shared sub-record lists are left alone.
 void FillFields(CObject& rec, int seed = 1);
+
+// Sets every described field of rec to a small value (numbers 0 to 3, frequencies, short or
+// empty strings) that moves with the field's position and seed, so that four seeds give every
+// field each of 0 to 3 and the reports walk their real branches. Owned lists of a known element
+// class get two elements filled the same way.
+void FillSmall(CObject& rec, int seed);
 
 // One line per described field ("Name = value"), sub-records indented below their list.
 std::string DumpFields(CObject& rec);

@@ -26,51 +26,6 @@ G* MakeGroup(const char* name, WORD id) {
   return g;
 }
 
-TEST(GroupSet, StoresTheDocumentedLayout) {
-  CEskData key;
-  key.SetEskId("K");
-  key.SetEsk(-2);
-  CGroupSet set;
-  set.SetName("FIRE");
-  set.SetHomeGrp("DISP");
-  set.SetPriority1Grp("TAC1");
-  set.SetPriority2Grp("TAC2");
-  set.SetPriorityTalkGrp("CMD");
-  set.AddEsk(&key);
-  CGroup* g = MakeGroup<CGroup>("DISP", 0x0304);
-  g->SetTx(0);
-  g->SetWideArea(1);
-  g->SetScan(1);
-  g->SetKwKey(8);
-  g->SetCallTime(2);
-  set.Add(g);
-  auto* ea = MakeGroup<CExtAddGroup>("WIDE", 5);
-  ea->SetEaGrpId(0x01020304);
-  ea->SetKeyBank(3);
-  set.Add(ea);
-
-  // clang-format off
-  const auto expected = Bytes()
-      .NewClass("CGroupSet", 3)
-      .Count(2)
-      .NewClass("CGroup", 1).Str("DISP").U16(0x0304)
-      .U8(0).U8(1).U8(1).U8(1).U8(1).U8(1).U8(1)            // Tx, Rx, Calls, Alert, WideArea,
-                                                           // Scan, Backlight
-      .U16(8).U16(2)                                       // KwKey, CallTime
-      .NewClass("CExtAddGroup", 1).Str("WIDE").U16(5)
-      .U8(1).U8(1).U8(1).U8(1).U8(0).U8(0).U8(1).U16(0).U16(0)
-      .U32(0x01020304).U16(3)                              // EaGrpId, KeyBank
-      .Str("FIRE").U8(2).U8(0)                             // name, set type, scope
-      .Str("DISP").Str("TAC1").Str("TAC2")                 // home and priority groups
-      .Str("CMD")                                          // schema 2: priority talk group
-      .Count(1)                                            // schema 3: the key list
-      .NewClass("CEskData", 1).Str("K").U32(0xFFFFFFFE)
-      .bytes();
-  // clang-format on
-  EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
-  test::ExpectRoundTrip(set);
-}
-
 TEST(GroupSet, LoadsOlderSchemas) {
   auto setBytes = [](unsigned schema) {
     Bytes b;
@@ -246,48 +201,6 @@ TEST(GroupSet, EqualityRules) {
   q.GetGroupAt(0)->SetTone(3, 12);
   q.SetName("OTHER");
   EXPECT_TRUE(p == q);
-}
-
-TEST(GroupSet, ReportLines) {
-  CGroupSet set;
-  set.SetHomeGrp("DISP");
-  set.SetPriority1Grp("TAC1");
-  set.SetPriorityTalkGrp("CMD");
-  CGroup* g = MakeGroup<CGroup>("DISP", 1201);
-  g->SetKwKey(8);
-  g->SetCallTime(2);
-  g->SetScan(1);
-  g->SetAlert(0);
-  set.Add(g);
-  CStringArray out;
-  set.printToBuffer(out, 7);
-  ExpectLines(
-      {"                  Emer/Home Group   - DISP    ",
-       "                  Priority 1 Group  - TAC1    ",
-       "                  Priority 2 Group  -         ",
-       "               Priority Talk Group  - CMD     ", "", "            Group 1   DISP        ",
-       "                  Group ID          - 1201        Calls           - On ",
-       "                  Voice Mode        - Unencrypted      Alert Tones     - Off",
-       "                  Call Time         - 10          Wide Area       - Off",
-       "                  Transmit          - On          Scan            - On ",
-       "                  Receive           - On          Backlight       - On ", ""},
-      out);
-
-  CExtAddGroupSet ea;
-  auto* e = MakeGroup<CExtAddGroup>("WIDE", 5);
-  e->SetEaGrpId(123456);
-  e->SetKeyBank(4);
-  e->SetKwKey(3);
-  ea.Add(e);
-  out.RemoveAll();
-  ea.printToBuffer(out, 0);
-  ASSERT_EQ(13, out.GetSize());
-  EXPECT_EQ("                  Group ID          - 123456       Calls           - On ",
-            out[6].str());
-  EXPECT_EQ("                  Voice Mode        - Key 3       Alert Tones     - On ",
-            out[7].str());
-  EXPECT_EQ("                  Key Bank          - 4  ", out[11].str());
-  EXPECT_EQ("", out[12].str());
 }
 
 TEST(PlmGroupSet, StoresAndPrints) {

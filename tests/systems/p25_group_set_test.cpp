@@ -21,37 +21,6 @@ CP25Group* MakeGroup(const char* name, DWORD id) {
   return g;
 }
 
-TEST(P25GroupSet, StoresTheDocumentedLayout) {
-  CP25GroupSet set;
-  set.SetName("P25");
-  set.SetHomeGrp("OPS");
-  set.SetPriority2Grp("EMS");
-  CP25Group* g = MakeGroup("OPS", 0x00012345);
-  g->SetEncryptMode(3);
-  g->SetEncrypt(1);
-  g->SetEncType(1);
-  g->SetKeyId(0x0A0B);
-  g->SetSuppress(1);
-  g->SetSf(1);
-  g->SetCalls(0);
-  g->SetScan(1);
-  set.Add(g);
-  // clang-format off
-  const auto expected = Bytes()
-      .NewClass("CP25GroupSet", 4)
-      .Count(1)
-      .NewClass("CP25Group", 4).Str("OPS").U32(0x00012345).U8(3)
-      .U8(1).U8(1).U32(0x0A0B).U8(1)        // schema 2: Encrypt, EncType, KeyId, Suppress
-      .U8(1)                                // schema 3: Sf
-      .U8(1).U8(1).U8(0).U8(1).U8(1).U8(1)  // schema 4: Tx, Rx, Calls, Alert, Scan, Backlight
-      .Str("P25").U8(9).U8(0)
-      .Str("OPS").Str("").Str("EMS")
-      .bytes();
-  // clang-format on
-  EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
-  test::ExpectRoundTrip(set);
-}
-
 TEST(P25GroupSet, LoadsEveryOlderSchemaOfItsGroups) {
   auto setWith = [](unsigned schema) {
     Bytes b;
@@ -122,39 +91,6 @@ TEST(P25GroupSet, LookupsEqualityAndReferences) {
   EXPECT_EQ("", other.GetHomeGrp());
   EXPECT_EQ("", other.GetPriority1Grp());
   EXPECT_EQ(1, other.GetSize());
-}
-
-TEST(P25GroupSet, ReportLines) {
-  CP25GroupSet set;
-  set.SetHomeGrp("OPS");
-  set.SetPriority1Grp("FIRE");
-  CP25Group* g = MakeGroup("OPS", 70001);
-  g->SetEncrypt(1);
-  g->SetEncType(1);
-  g->SetKeyId(513);
-  set.Add(g);
-  CP25Group* plain = MakeGroup("PLAIN", 12);
-  plain->SetSuppress(1);
-  set.Add(plain);
-  CStringArray out;
-  set.printToBuffer(out, 0);
-  const std::vector<std::string> expected = {
-      "                  Emer/Home Group   - OPS     ",
-      "                  Priority 1 Group  - FIRE    ",
-      "                  Priority 2 Group  -         ",
-      "",
-      "            Group 1   OPS         ",
-      "                  Group ID          - 70001",
-      "                  Encrypted         - On          Type              - Voice & Data",
-      "                  Key ID            - 513         Suppress Key      - Off   ",
-      "",
-      "            Group 2   PLAIN       ",
-      "                  Group ID          - 12   ",
-      "                  Encrypted         - Off         Type              - Voice Only",
-      "                  Key ID            - 0           Suppress Key      - On    ",
-      "",
-  };
-  test::ExpectLines(expected, out);
 }
 
 }  // namespace

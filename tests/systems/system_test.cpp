@@ -80,44 +80,5 @@ TEST(SystemScanList, OperationsGrowCopyAndRefuseBadPositions) {
   plm.SetSpCallTone(-1, 9);                  // and writes nothing
 }
 
-TEST(SystemBytes, ConventionalSystemIsStoredExactly) {
-  CConvSystem sys;
-  sys.SetName("C1");
-  sys.SetSysType(ConvSystemType);
-  sys.SetToneSet(0x0102);
-  sys.SetConvSetName("CV");
-  sys.SetCgSel(7);
-  const std::string expected =
-      "ff ff 0d 00 0b 00 43 43 6f 6e 76 53 79 73 74 65 6d "  // class tag, schema 13
-      "02 43 31 01 ff ff 01 01 00 00 00 00 00 00 "           // name .. voice-privacy words
-      "b6 b6 b6 b7 b7 b6 b7 00 00 00 "                       // buttons, base key pair
-      "00 00 00 00 00 00 02 01 02 43 56 00 00 07";           // conventional fields
-  EXPECT_EQ(Hex(StoreObject(&sys)), expected);
-}
-
-TEST(SystemBytes, MessagingToneTablesAreInterleaved) {
-  CPlmSystem sys;
-  for (int i = 0; i < 4; ++i) {
-    sys.SetSpCallTone(i, static_cast<WORD>(i + 1));
-    sys.SetIndvDecTone(i, static_cast<WORD>(i + 5));
-  }
-  const std::string bytes = Hex(StoreObject(&sys));
-  EXPECT_NE(bytes.find("01 00 05 00 02 00 06 00 03 00 07 00 04 00 08 00"), std::string::npos)
-      << bytes;
-}
-
-TEST(SystemRoundTrip, EveryKindRoundTripsWithDistinctiveValues) {
-  std::unique_ptr<CSystem> systems[] = {
-      std::make_unique<CSystem>(),       std::make_unique<CTrunkSystem>(),
-      std::make_unique<CExtAddSystem>(), std::make_unique<CP25TrkSystem>(),
-      std::make_unique<CConvSystem>(),   std::make_unique<CPlmSystem>(),
-      std::make_unique<CP25ConvSystem>()};
-  int seed = 1;
-  for (auto& sys : systems) {
-    test::FillFields(*sys, seed++);
-    test::ExpectRoundTrip(*sys);
-  }
-}
-
 }  // namespace
 }  // namespace persona

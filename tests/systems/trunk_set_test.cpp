@@ -275,28 +275,5 @@ TEST(TrunkSet, FrequencyCheckEdges) {
   EXPECT_EQ(0, two.CheckFrequencyRange(806.0, 0.0, 851.0, 870.0));
 }
 
-TEST(TrunkSet, ReportLines) {
-  CTrunkSet set;
-  FillSite(set);
-  set.SetCCLimit(7);
-  set.SetPreAmp(0);
-  set.Add(MakeChannel(851.0125, 806.0125, 3, 1, 1, 0));
-  set.Add(MakeChannel(0.0, 866.5, 0, 0, 4, 1));
-  CStringArray out;
-  set.printToBuffer(out, 0);
-  const std::vector<std::string> expected = {
-      "                  Max Channel       - 20",
-      "                  CC Limits         - First 5      Send NB Unkey Mess - On ",
-      "                  Korvex Bandwidth   - Narrow       Signalng Baud Rate - 4800",
-      "                  Power             - High          Preamp             - Off",
-      "",
-      "                  Ch    Tx Freq    Rx Freq    OS    Type    Osc  NPSPAC",
-      "                  -----------------------------------------------------",
-      "                   1    851.0125   806.0125   On    Encode   3   Off",
-      "                   2      0.0000   866.5000   Off   First 5   0   On ",
-  };
-  test::ExpectLines(expected, out);
-}
-
 }  // namespace
 }  // namespace persona
