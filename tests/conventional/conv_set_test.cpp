@@ -315,3 +315,34 @@ TEST(ConvSet, FrequencyCheckEdges) {
 
 }  // namespace
 }  // namespace persona
+
+namespace persona {
+namespace {
+
+// Each channel's report block ends with the lines of its model family: LUMO options (30), DTMF
+// and transmit oscillator (29, 33), Coyle 300 options (27, 28), nothing more for the others.
+TEST(ConvSet, ChannelReportAddsTheLinesOfTheModelFamily) {
+  CConvSet set;
+  set.Add(MakeChannel("C", 851.0, 851.0));
+  auto firstExtra = [&](unsigned short radioType) {
+    CStringArray plain;
+    CStringArray out;
+    set.printToBuffer(plain, 1, 68, 806.0);
+    set.printToBuffer(out, 1, radioType, 806.0);
+    const int extra = out.GetSize() - plain.GetSize();
+    return std::to_string(extra) + (extra > 0 ? " " + out[plain.GetSize() - 2].str() : "");
+  };
+  const std::pair<unsigned short, const char*> families[] = {{30, "LUMO Channel Options"},
+                                                             {29, "DTMF"},
+                                                             {33, "DTMF"},
+                                                             {27, "Coyle 300 Channel Options"},
+                                                             {28, "Coyle 300 Channel Options"}};
+  for (const auto& [radioType, heading] : families) {
+    EXPECT_NE(firstExtra(radioType).find(heading), std::string::npos)
+        << radioType << ": " << firstExtra(radioType);
+  }
+  for (unsigned short other : {31, 32, 34, 26, 54, 103}) EXPECT_EQ(firstExtra(other), "0");
+}
+
+}  // namespace
+}  // namespace persona

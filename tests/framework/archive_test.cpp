@@ -360,6 +360,17 @@ TEST(ArchiveFiles, DiskAndMemoryFilesCarryTheSameBytesAndAMissingFileIsNamed) {
   mem.Seek(-2, CFile::end);
   EXPECT_EQ(mem.Read(head.data(), 8), 2u);
   EXPECT_EQ(mem.Read(head.data(), 8), 0u);
+  mem.Seek(1, CFile::begin);
+  mem.Seek(2, CFile::current);
+  EXPECT_EQ(mem.Read(head.data(), 8), std::min<UINT>(8, static_cast<UINT>(mem.GetSize()) - 3));
+  {  // an aborted store leaves its file untouched and holds nothing more
+    CMemFile untouched;
+    CArchive aborted(&untouched, CArchive::store);
+    aborted.WriteObject(&key);
+    aborted.Abort();
+    EXPECT_TRUE(aborted.TakeStoredBytes().empty());
+    EXPECT_EQ(untouched.GetSize(), 0u);
+  }
   mem.SeekToBegin();
   CArchive fromMemory(&mem, CArchive::load);
   auto again = fromMemory.ReadOwnedObject(RUNTIME_CLASS(CEskData));

@@ -102,6 +102,12 @@ std::vector<Break> Breaks() {
       {"unused set",
        [](CPersonality& p) { AddPhoneSet(p, "Spare"); },
        {"SET_UNUSED 2 sets/phone/Spare"}},
+      {"an empty reference does not use a set without a name",
+       [](CPersonality& p) {
+         AddPhoneSet(p, "");
+         SetText(*p.GetSystem("C1"), "PhoneSetName", "");
+       },
+       {R"(SET_UNUSED 2 sets/phone/"")"}},
       {"system kind and WAN record the model does not take",
        [](CPersonality& p) { p.SetLastRadio(88); },
        {"SYSTEM_UNSUPPORTED 1 systems/P1", "OPTION_UNSUPPORTED 1 options/CP25tWanOpts"}},
