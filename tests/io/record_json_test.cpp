@@ -226,7 +226,9 @@ TEST(RecordDiff, SetsPairByNameIgnoringCaseInTurnAndLeftOversAreRenames) {
   CPersonality a;
   CPersonality b;
   AddConvSets(a, {{"Alpha", "X"}, {"ALPHA", "Y"}, {"Beta", "Z"}, {"Old", "W"}, {"aLpHa", "R"}});
-  AddConvSets(b, {{"New", "V"}, {"alpha", "X"}, {"Gamma", "Z"}, {"ALPHA", "Y2"}});
+  AddConvSets(b, {{"New", "W"}, {"alpha", "X"}, {"Gamma", "Z"}, {"ALPHA", "Y2"}});
+  // "New" differs from "Old" in more than its name (the power of its channel): no rename.
+  static_cast<CConvChannel*>(b.GetSet("New", ConvSetType)->GetAt(0))->SetPower(2);
   // Trunk sets, the first list, pair by name as well: "B" moved in front is no change.
   for (auto [p, names] : {std::pair{&a, "AB"}, std::pair{&b, "BA"}}) {
     for (const char* n = names; *n != 0; ++n) {
