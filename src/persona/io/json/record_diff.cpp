@@ -157,10 +157,8 @@ bool EqualRecords(CObject* a, CObject* b, bool skipName) {
   std::vector<FieldRef> fa;
   std::vector<FieldRef> fb;
   CollectFieldRefs(*a, fa);
-  CollectFieldRefs(*b, fb);
-  if (fa.size() != fb.size()) return false;
+  CollectFieldRefs(*b, fb);  // one class, one field table: fa and fb pair field by field
   for (std::size_t i = 0; i < fa.size(); ++i) {
-    if (fa[i].kind != fb[i].kind) return false;
     if (skipName && std::strcmp(fa[i].name, "Name") == 0) continue;
     const bool same = fa[i].kind == FieldKind::Owned
                           ? EqualLists(As<COwnedObList>(fa[i]), As<COwnedObList>(fb[i]))
