@@ -167,6 +167,9 @@ TEST_F(SetCsv, RowsOfOneNameMatchInOrderAndMayMove) {
   // Two elements named DUP: the first row of that name is the first element.
   Channel(1)->SetName(CString("DUP"));
   Channel(3)->SetName(CString("DUP"));
+  // A third DUP no row holds goes without touching what names DUP: the name is still there.
+  Channel(5)->SetName(CString("DUP"));
+  static_cast<CConvSet*>(p->GetSet(CString("METRO"), ConvSetType))->SetHomeChan("DUP");
   const CsvImportResult r = Import("Name,Squelch\nDUP,7\nDUP,8\nFIRE 1,0\n", true);
   EXPECT_TRUE(r.reordered);
   EXPECT_EQ(r.removed, 13u);
@@ -175,6 +178,8 @@ TEST_F(SetCsv, RowsOfOneNameMatchInOrderAndMayMove) {
   EXPECT_EQ(Channel(0)->GetTxCg(), CString("74.1"));  // PD 1's tone: the first DUP
   EXPECT_EQ(Channel(1)->GetSquelch(), 8);
   EXPECT_EQ(Channel(2)->GetName(), CString("FIRE 1"));
+  EXPECT_EQ(static_cast<CConvSet*>(p->GetSet(CString("METRO"), ConvSetType))->GetHomeChan(),
+            CString("DUP"));
 }
 
 TEST_F(SetCsv, FaultsNameRowAndColumnAndChangeNothing) {
