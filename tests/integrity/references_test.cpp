@@ -270,6 +270,8 @@ TEST(References, RefusedOperationsChangeNothing) {
   EXPECT_EQ(RenameSystem(*p, "t1", "X"), -1);  // system names are exact
   EXPECT_EQ(RenameSet(*p, static_cast<SetType>(11), "GRP", "X"), -1);
   EXPECT_EQ(RenameSet(*p, GroupSetType, "NONE", "X"), -1);
+  EXPECT_EQ(RenameSet(*p, GroupSetType, "GRP", ""), -1);  // a set keeps a name
+  EXPECT_NE(p->GetSet(CString("GRP"), GroupSetType), nullptr);
   // A rename to the same name is no change at all.
   EXPECT_EQ(RenameSystem(*p, "T1", "T1"), 0);
   EXPECT_EQ(RenameSet(*p, GroupSetType, "GRP", "GRP"), 0);
