@@ -166,6 +166,8 @@ TEST(OptionLists, IndexedValuesOfScratchPadAgencySirenAndVantor) {
   CSirenLights entry;
   EXPECT_THROW(entry.GetControlAt(9), CInvalidArgException);
   EXPECT_THROW(entry.SetControlAt(-1, 1), CInvalidArgException);
+  EXPECT_EQ(CSirenLightsOpts(3).GetNumEntries(), 3);  // the count constructor: neutral entries
+  EXPECT_EQ(CSirenLightsOpts(-2).GetNumEntries(), 0);
 
   CVantorOpts vantor;  // the identity sent follows the extended ID switch
   vantor.SetId(77);
