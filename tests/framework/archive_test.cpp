@@ -185,6 +185,43 @@ TEST(ArchiveObjects, OwnedRecordsTakeIndexesButAreNeverReferencedBack) {
   EXPECT_EQ(in.GetRemaining(), 0u);
 }
 
+// Index 0x7FFF is the big tag itself, so it is the first one written in the 32-bit form: here
+// the class that takes it, named again by the next record of that class, and the records on
+// either side of it referred back to.
+TEST(ArchiveObjects, IndexesFrom0x7FFFTakeThe32BitFormAndReadBack) {
+  std::vector<CEskData> esks(0x7FFD);  // class 1, records 2 to 0x7FFE
+  CStatusMessage first;                // class 0x7FFF, record 0x8000
+  CStatusMessage second;               // record 0x8001
+  first.SetName("F");
+  second.SetName("G");
+  const std::vector<BYTE> bytes = Store([&](CArchive& ar) {
+    for (const CEskData& e : esks) ar.WriteObject(&e);
+    ar.WriteObject(&first);
+    ar.WriteObject(&second);
+    ar.WriteObject(&esks.back());
+    ar.WriteObject(&first);
+  });
+  const std::vector<BYTE> body = Store([&](CArchive& ar) { second.Serialize(ar); });
+  const std::size_t tail = 6 + body.size() + 2 + 6;
+  ASSERT_GT(bytes.size(), tail);
+  EXPECT_EQ(Hex(std::vector<BYTE>(bytes.end() - static_cast<std::ptrdiff_t>(tail), bytes.end())),
+            "ff 7f ff 7f 00 80 " + Hex(body) + " fe 7f ff 7f 00 80 00 00");
+
+  CArchive in(bytes.data(), bytes.size(), "big.bin");
+  CObject* lastEsk = nullptr;
+  for (std::size_t i = 0; i < esks.size(); ++i)
+    lastEsk = in.ReadSharedObject(RUNTIME_CLASS(CEskData));
+  CObject* readFirst = in.ReadSharedObject(RUNTIME_CLASS(CStatusMessage));
+  auto* readSecond =
+      dynamic_cast<CStatusMessage*>(in.ReadSharedObject(RUNTIME_CLASS(CStatusMessage)));
+  ASSERT_NE(readSecond, nullptr);
+  EXPECT_EQ(readSecond->GetName(), "G");
+  EXPECT_EQ(in.ReadSharedObject(RUNTIME_CLASS(CEskData)), lastEsk);
+  EXPECT_EQ(in.ReadSharedObject(RUNTIME_CLASS(CStatusMessage)), readFirst);
+  EXPECT_EQ(in.GetRemaining(), 0u);
+  auto pool = in.TakeSharedObjects();
+}
+
 bool Has(const CArchiveException& e, const std::string& text) {
   return std::string(e.what()).find(text) != std::string::npos;
 }
