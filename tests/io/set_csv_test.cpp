@@ -3,12 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
+#include <memory>
 
+#include <persona/calls/sp_call_set.h>
 #include <persona/conventional/conv_set.h>
+#include <persona/conventional/p25_conv_set.h>
 #include <persona/io/csv/set_csv.h>
 #include <persona/io/personality_file.h>
+#include <persona/systems/ext_add_group_set.h>
+#include <persona/systems/group_set.h>
 #include <persona/systems/trunk_set.h>
 #include "sample/sample_personality.h"
+#include "support/record_testing.h"
 #include "support/test_data.h"
 
 namespace persona {
@@ -232,6 +239,60 @@ TEST_F(SetCsv, MakesMissingSetsAndMatchesNamelessElementsByPosition) {
   ASSERT_EQ(trunk->GetCount(), 1);
   EXPECT_EQ(static_cast<CTrunkChannel*>(trunk->GetAt(0))->GetRxFreq(), 860.5);
   EXPECT_EQ(static_cast<CTrunkChannel*>(trunk->GetAt(0))->GetTxFreq(), txBefore);
+}
+
+// A set and element that an import makes take the full defaults of the personality's model
+// (flag 0), never the reduced ones; each case is at a model where the two differ. The one cell
+// of each row holds the default value of its column, so the element must equal the default one.
+TEST_F(SetCsv, MadeSetsAndElementsTakeTheModelsFullDefaults) {
+  using Make = std::function<std::unique_ptr<CObject>(unsigned short, int)>;
+  const struct {
+    SetType type;
+    unsigned short model;
+    const char* csv;
+    Make make;  // the element (or, with no csv row, the set) of a model and flag
+  } cases[] = {
+      {TrunkSetType, 96, "RxFreq\n0\n",
+       [](unsigned short t, int f) { return std::make_unique<CTrunkChannel>(t, f); }},
+      {ConvSetType, 1, "Name,RxFreq\n,0\n",
+       [](unsigned short t, int f) { return std::make_unique<CConvChannel>(t, f); }},
+      {P25ConvSetType, 1, "Name,RxFreq\n,0\n",
+       [](unsigned short t, int f) { return std::make_unique<CP25ConvChannel>(t, f); }},
+      {GroupSetType, 1, "Name,GrpId\n,0\n",
+       [](unsigned short t, int f) { return std::make_unique<CGroup>(t, f); }},
+      {EaGroupSetType, 1, "Name,GrpId\n,0\n",
+       [](unsigned short t, int f) { return std::make_unique<CExtAddGroup>(t, f); }},
+      {TrunkSetType, 77, "RxFreq\n", nullptr},
+      {ConvSetType, 54, "Name\n", nullptr},
+      {SpCallSetType, 1, "Name\n", nullptr},
+  };
+  const std::function<std::unique_ptr<CSet>(SetType, unsigned short, int)> madeSet =
+      [&](SetType type, unsigned short t, int f) -> std::unique_ptr<CSet> {
+    if (type == TrunkSetType) return std::make_unique<CTrunkSet>(t, f, p->GetRxMinFreq());
+    if (type == ConvSetType) return std::make_unique<CConvSet>(t, f);
+    return std::make_unique<CSpCallSet>(t, f);
+  };
+  int made = 0;
+  for (const auto& c : cases) {
+    SCOPED_TRACE(testing::Message() << "set kind " << c.type << ", model " << c.model);
+    const std::string name = "MADE" + std::to_string(++made);
+    p->SetLastRadio(c.model);
+    ASSERT_TRUE(Import(c.csv, false, c.type, name).createdSet);
+    CSet* set = p->GetSet(CString(name), c.type);
+    ASSERT_NE(set, nullptr);
+    if (c.make) {
+      ASSERT_EQ(set->GetCount(), 1);
+      ASSERT_NE(test::DumpFields(*c.make(c.model, 0)), test::DumpFields(*c.make(c.model, 1)));
+      EXPECT_EQ(test::DumpFields(*set->GetAt(0)), test::DumpFields(*c.make(c.model, 0)));
+      continue;
+    }
+    std::unique_ptr<CSet> full = madeSet(c.type, c.model, 0);
+    std::unique_ptr<CSet> reduced = madeSet(c.type, c.model, 1);
+    full->SetName(CString(name));
+    reduced->SetName(CString(name));
+    ASSERT_NE(test::DumpFields(*full), test::DumpFields(*reduced));
+    EXPECT_EQ(test::DumpFields(*set), test::DumpFields(*full));
+  }
 }
 
 }  // namespace
