@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <persona/core/set.h>
@@ -315,6 +316,55 @@ TEST(ArchiveObjects, BackReferencesMustBeSharedAndOfTheExpectedClass) {
   const CArchiveException ref = Failure([&] { back.ReadSharedObject(RUNTIME_CLASS(CMacro)); });
   EXPECT_EQ(ref.m_cause, CArchiveException::badClass);
   EXPECT_TRUE(Has(ref, "reference to a CEskData where a CMacro is expected")) << ref.what();
+}
+
+// Two strings and a number: a record whose fields the archive loads without checking each one
+// when its bound (every string short) is left in the input.
+class CTwoStrings : public CObject {
+  DECLARE_SERIAL(CTwoStrings)
+ public:
+  CString first;
+  CString second;
+  WORD number = 0;
+  template <class V>
+  void Fields(V& v) {
+    v("First", first);
+    v("Second", second);
+    v("Number", number);
+  }
+  void Serialize(CArchive& ar) override { SerializeFields(ar, *this); }
+};
+IMPLEMENT_SERIAL(CTwoStrings, CObject, 1)
+
+TEST(ArchiveObjects, ALongStringThatLeavesLessThanTheRestsBoundLoadsTheRestCheckedAtExactOffsets) {
+  // 300: less than the bound (512) is left at the record, so every field is checked; 600 and
+  // 70000: the bound is left, and the long string leaves less than the rest's bound (257).
+  CRuntimeClass::Register(RUNTIME_CLASS(CTwoStrings));
+  for (const std::size_t n : {300u, 600u, 70000u}) {
+    CTwoStrings a;
+    a.first = CString(std::string(n, 'x'));
+    a.second = CString("ab");
+    a.number = 0x1234;
+    const std::vector<BYTE> record = Store([&](CArchive& ar) { ar.WriteOwnedObject(&a); });
+    CArchive in(record.data(), record.size(), "two.bin");
+    auto back = in.ReadOwnedObject(RUNTIME_CLASS(CTwoStrings));
+    const auto& b = static_cast<const CTwoStrings&>(*back);
+    EXPECT_EQ(b.first, a.first) << n;
+    EXPECT_EQ(b.second, a.second) << n;
+    EXPECT_EQ(b.number, 0x1234) << n;
+    EXPECT_EQ(in.GetRemaining(), 0u) << n;
+    // Cut inside the number, then inside the second string.
+    for (const auto& [cut, at, what] :
+         {std::tuple<std::size_t, std::size_t, const char*>{1, 2, "2 bytes needed, 1 left"},
+          {3, 4, "a string of 2"}}) {
+      CArchive truncated(record.data(), record.size() - cut, "two.bin");
+      const CArchiveException e =
+          Failure([&] { truncated.ReadOwnedObject(RUNTIME_CLASS(CTwoStrings)); });
+      EXPECT_EQ(e.m_cause, CArchiveException::endOfFile) << n;
+      EXPECT_EQ(e.m_offset, record.size() - at) << n << " cut " << cut;
+      EXPECT_TRUE(Has(e, what)) << e.what();
+    }
+  }
 }
 
 TEST(ArchiveObjects, SchemaIsAnsweredOncePerObjectAndRestoredAroundChildren) {

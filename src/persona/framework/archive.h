@@ -110,8 +110,8 @@ class PERSONA_EXPORT CArchive {
   // Raises a CArchiveException at the current position.
   [[noreturn]] void ThrowFailure(CArchiveException::Cause cause, const std::string& detail) const;
 
-  // Raw cursors for FieldArchiver, which keeps them in registers across a record's fields and
-  // hands them back before anything else touches the archive.
+  // Raw cursors for FieldStorer and FieldLoader, which keep them in registers across a record's
+  // fields and hand them back before anything else touches the archive.
   // Loading: the next byte to read, and the end of the input.
   const BYTE* ReadCursor() const { return m_data + m_pos; }
   const BYTE* ReadEnd() const { return m_data + m_size; }

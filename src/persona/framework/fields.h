@@ -169,80 +169,109 @@ const RefersTo* RefersToOf(const O&... opts) {
 
 }  // namespace fields_detail
 
-// Archives the fields of a record in list order (see the file comment). Numbers are copied
-// straight between the record and the archive's buffer through a cursor held here (in a
-// register once the record's Fields is inlined); strings, lists and nested records go through
-// the archive, with the cursor handed back first and taken up again after.
-class PERSONA_EXPORT FieldArchiver {
- public:
-  // schema: the stored schema of the object being loaded (8-bit; 255 = none); ignored when
-  // storing.
-  FieldArchiver(CArchive& ar, BYTE schema) : m_ar(ar), m_schema(schema), m_loading(ar.IsLoading()) {
-    TakeCursor();
+namespace fields_detail {
+
+constexpr std::size_t kUnbounded = static_cast<std::size_t>(-1);
+// A string in its short form: a length byte below 255, then that many bytes.
+constexpr std::size_t kShortStringBytes = 255;
+
+// The most bytes a field of type T takes in the archive with its strings in the short form;
+// kUnbounded for lists and nested records.
+template <class T>
+constexpr std::size_t BoundOf() {
+  if constexpr (std::is_same_v<T, bool>) {
+    return 1;
+  } else if constexpr (std::is_arithmetic_v<T>) {
+    return sizeof(T);
+  } else if constexpr (std::is_array_v<T>) {
+    constexpr std::size_t each = BoundOf<std::remove_extent_t<T>>();
+    return each == kUnbounded ? kUnbounded : each * std::extent_v<T>;
+  } else if constexpr (std::is_same_v<T, CString>) {
+    return kShortStringBytes;
+  } else {
+    return kUnbounded;
   }
-  FieldArchiver(const FieldArchiver&) = delete;
-  FieldArchiver& operator=(const FieldArchiver&) = delete;
+}
+
+constexpr std::size_t AddBound(std::size_t a, std::size_t b) {
+  return a == kUnbounded || b == kUnbounded ? kUnbounded : a + b;
+}
+
+// Adds up the bound of a record's archived fields. It reads no value, so once the record's
+// Fields is inlined the sum is a constant.
+class SizeBound {
+ public:
+  template <class T, class... O>
+  PERSONA_ALWAYS_INLINE void operator()(const char*, T&, const O&...) {
+    if constexpr (!Has<Transient, O...>()) m_bytes = AddBound(m_bytes, BoundOf<T>());
+  }
+  std::size_t Bytes() const { return m_bytes; }
+
+ private:
+  std::size_t m_bytes = 0;
+};
+
+// Thrown by a bounded load when a long string leaves too little of the input for the bound
+// of the fields after it; SerializeFields loads the record again, checking every field.
+struct RestartChecked {};
+
+}  // namespace fields_detail
+
+// Stores the fields of a record in list order (see the file comment). Numbers are copied
+// straight into the archive's buffer through a cursor held here (in a register once the
+// record's Fields is inlined); long strings and nested records go through the archive, with
+// the cursor handed back first and taken up again after. kBounded: room for the record's
+// bound is made up front (and again after a long string), so no field checks for room.
+template <bool kBounded>
+class FieldStorer {
+ public:
+  FieldStorer(CArchive& ar, std::size_t bound) : m_ar(ar), m_bound(bound) {
+    if constexpr (kBounded) m_ar.MakeRoom(bound);
+    Take();
+  }
+  FieldStorer(const FieldStorer&) = delete;
+  FieldStorer& operator=(const FieldStorer&) = delete;
   // Hands the cursor back to the archive (unless a failure inside the archive has it).
-  ~FieldArchiver() {
-    if (m_holding) GiveCursor();
+  ~FieldStorer() {
+    if (m_holding) m_ar.SetWriteCursor(m_out);
   }
 
   template <class T, class... O>
-  PERSONA_ALWAYS_INLINE void operator()(const char*, T& member, const O&... opts) {
-    if constexpr (fields_detail::Has<Transient, O...>()) {
-      return;
-    } else {
-      if (!m_loading) {
-        Store(member);
-        return;
-      }
-      const unsigned since = fields_detail::SinceOf(opts...);
-      if (since <= 1 || SchemaAtLeast(m_schema, since)) Load(member);
+  PERSONA_ALWAYS_INLINE void operator()(const char*, T& member, const O&...) {
+    if constexpr (!fields_detail::Has<Transient, O...>()) {
+      if constexpr (kBounded) m_upTo += fields_detail::BoundOf<T>();
+      Store(member);
     }
   }
 
  private:
-  void TakeCursor() {
+  void Take() {
     m_holding = true;
-    if (m_loading) {
-      m_in = m_ar.ReadCursor();
-      m_inEnd = m_ar.ReadEnd();
-    } else {
-      m_out = m_ar.WriteCursor();
-      m_outEnd = m_ar.WriteEnd();
-    }
+    m_out = m_ar.WriteCursor();
+    m_outEnd = m_ar.WriteEnd();
   }
-  void GiveCursor() {
+  void Give() {
     m_holding = false;
-    if (m_loading) {
-      m_ar.SetReadCursor(m_in);
-    } else {
-      m_ar.SetWriteCursor(m_out);
-    }
+    m_ar.SetWriteCursor(m_out);
   }
   void Room(std::size_t n) {
-    GiveCursor();
+    Give();
     m_ar.MakeRoom(n);
-    TakeCursor();
+    Take();
   }
-  [[noreturn]] void Short(std::size_t n) {
-    GiveCursor();
-    m_ar.ThrowShort(n, "value");
+  // After the archive wrote a long string: room again for the fields still to come.
+  void Resume() {
+    Take();
+    if constexpr (kBounded) Room(m_bound - m_upTo);
   }
 
   template <class T>
   PERSONA_ALWAYS_INLINE void Put(T v) {
-    if (static_cast<std::size_t>(m_outEnd - m_out) < sizeof(T)) Room(sizeof(T));
+    if constexpr (!kBounded) {
+      if (static_cast<std::size_t>(m_outEnd - m_out) < sizeof(T)) Room(sizeof(T));
+    }
     std::memcpy(m_out, &v, sizeof(T));
     m_out += sizeof(T);
-  }
-  template <class T>
-  PERSONA_ALWAYS_INLINE T Get() {
-    if (static_cast<std::size_t>(m_inEnd - m_in) < sizeof(T)) Short(sizeof(T));
-    T v;
-    std::memcpy(&v, m_in, sizeof(T));
-    m_in += sizeof(T);
-    return v;
   }
 
   template <class T>
@@ -256,11 +285,94 @@ class PERSONA_EXPORT FieldArchiver {
     } else if constexpr (std::is_same_v<T, CString>) {
       StoreString(m);
     } else {
-      GiveCursor();
+      Give();
       m.Serialize(m_ar);
-      TakeCursor();
+      Take();
     }
   }
+
+  // Strings shorter than 255 bytes (names, codes: nearly all of them) are a length byte and
+  // the bytes, copied here; longer ones go through the archive.
+  PERSONA_ALWAYS_INLINE void StoreString(const CString& m) {
+    const std::string& text = m.str();
+    const std::size_t n = text.size();
+    if (n < 0xFF) {
+      if constexpr (!kBounded) {
+        if (static_cast<std::size_t>(m_outEnd - m_out) < n + 1) Room(n + 1);
+      }
+      *m_out++ = static_cast<BYTE>(n);
+      if (n != 0) std::memcpy(m_out, text.data(), n);
+      m_out += n;
+      return;
+    }
+    Give();
+    m_ar << m;
+    Resume();
+  }
+
+  CArchive& m_ar;
+  std::size_t m_bound;
+  std::size_t m_upTo = 0;  // the bound of the fields stored so far, this one included
+  BYTE* m_out = nullptr;
+  BYTE* m_outEnd = nullptr;
+  bool m_holding = false;
+};
+
+// Loads the fields that the stored schema has, in list order. Numbers are copied straight from
+// the archive's buffer through a cursor held here; long and wide strings and nested records go
+// through the archive. kBounded: at least the record's bound is left beyond the cursor, so no
+// field checks the bytes it reads; when a long string leaves less than the bound of the fields
+// after it, RestartChecked starts the record over.
+template <bool kBounded>
+class FieldLoader {
+ public:
+  // schema: the stored schema of the object being loaded (8-bit; 255 = none).
+  FieldLoader(CArchive& ar, BYTE schema, std::size_t bound)
+      : m_ar(ar), m_schema(schema), m_bound(bound) {
+    Take();
+  }
+  FieldLoader(const FieldLoader&) = delete;
+  FieldLoader& operator=(const FieldLoader&) = delete;
+  // Hands the cursor back to the archive (unless a failure inside the archive has it).
+  ~FieldLoader() {
+    if (m_holding) m_ar.SetReadCursor(m_in);
+  }
+
+  template <class T, class... O>
+  PERSONA_ALWAYS_INLINE void operator()(const char*, T& member, const O&... opts) {
+    if constexpr (!fields_detail::Has<Transient, O...>()) {
+      if constexpr (kBounded) m_upTo += fields_detail::BoundOf<T>();
+      const unsigned since = fields_detail::SinceOf(opts...);
+      if (since <= 1 || SchemaAtLeast(m_schema, since)) Load(member);
+    }
+  }
+
+ private:
+  void Take() {
+    m_holding = true;
+    m_in = m_ar.ReadCursor();
+    m_inEnd = m_ar.ReadEnd();
+  }
+  void Give() {
+    m_holding = false;
+    m_ar.SetReadCursor(m_in);
+  }
+  [[noreturn]] static void Short(CArchive& ar, const BYTE* at, std::size_t n) {
+    ar.SetReadCursor(at);
+    ar.ThrowShort(n, "value");
+  }
+
+  template <class T>
+  PERSONA_ALWAYS_INLINE T Get() {
+    if constexpr (!kBounded) {
+      if (static_cast<std::size_t>(m_inEnd - m_in) < sizeof(T)) Short(m_ar, m_in, sizeof(T));
+    }
+    T v;
+    std::memcpy(&v, m_in, sizeof(T));
+    m_in += sizeof(T);
+    return v;
+  }
+
   template <class T>
   PERSONA_ALWAYS_INLINE void Load(T& m) {
     if constexpr (std::is_same_v<T, bool>) {
@@ -272,63 +384,76 @@ class PERSONA_EXPORT FieldArchiver {
     } else if constexpr (std::is_same_v<T, CString>) {
       LoadString(m);
     } else {
-      GiveCursor();
+      Give();
       m.Serialize(m_ar);
-      TakeCursor();
+      Take();
     }
   }
 
-  // Strings shorter than 255 bytes (names, codes: nearly all of them) are a length byte and
-  // the bytes, copied here; longer ones, and the wide form, go through the archive.
-  PERSONA_ALWAYS_INLINE void StoreString(const CString& m) {
-    const std::string& text = m.str();
-    const std::size_t n = text.size();
-    if (n < 0xFF) {
-      if (static_cast<std::size_t>(m_outEnd - m_out) < n + 1) Room(n + 1);
-      *m_out++ = static_cast<BYTE>(n);
-      if (n != 0) std::memcpy(m_out, text.data(), n);
-      m_out += n;
-      return;
-    }
-    GiveCursor();
-    m_ar << m;
-    TakeCursor();
-  }
   PERSONA_ALWAYS_INLINE void LoadString(CString& m) {
-    const std::size_t left = static_cast<std::size_t>(m_inEnd - m_in);
-    if (left != 0 && *m_in < 0xFF && *m_in < left) {
+    if (kBounded || m_in != m_inEnd) {
       const std::size_t n = *m_in;
-      const char* text = reinterpret_cast<const char*>(m_in + 1);
-      std::string& out = m.str();
-      if (n <= 15) {  // fits the string's own buffer: no call, no allocation
-        out.clear();
-        for (std::size_t i = 0; i < n; ++i) out.push_back(text[i]);
-      } else {
-        out.assign(text, n);
+      if (n < 0xFF && (kBounded || n < static_cast<std::size_t>(m_inEnd - m_in))) {
+        std::string& out = m.str();
+        if (n == 0) {
+          out.clear();
+        } else {
+          out.assign(reinterpret_cast<const char*>(m_in + 1), n);
+        }
+        m_in += 1 + n;
+        return;
       }
-      m_in += 1 + n;
-      return;
     }
-    GiveCursor();
+    Give();
     m_ar >> m;
-    TakeCursor();
+    Take();
+    if constexpr (kBounded) {
+      if (static_cast<std::size_t>(m_inEnd - m_in) < m_bound - m_upTo) {
+        throw fields_detail::RestartChecked{};
+      }
+    }
   }
 
   CArchive& m_ar;
   BYTE m_schema;
-  bool m_loading;
+  std::size_t m_bound;
+  std::size_t m_upTo = 0;  // the bound of the fields loaded so far, this one included
   const BYTE* m_in = nullptr;
   const BYTE* m_inEnd = nullptr;
-  BYTE* m_out = nullptr;
-  BYTE* m_outEnd = nullptr;
   bool m_holding = false;
 };
 
-// Stores or loads the fields that rec.Fields lists (see the file comment).
+// Stores or loads the fields that rec.Fields lists (see the file comment). A record whose
+// fields are all numbers and strings has a bound (its size with short strings): storing makes
+// room for it once, and loading, when that much input is left, checks no field on its own.
 template <class R>
 PERSONA_ALWAYS_INLINE void SerializeFields(CArchive& ar, R& rec, BYTE schema = 255) {
-  FieldArchiver archiver(ar, schema);
-  rec.Fields(archiver);
+  fields_detail::SizeBound size;
+  rec.Fields(size);
+  const std::size_t bound = size.Bytes();
+  constexpr bool kHasBound = true;
+  if (!ar.IsLoading()) {
+    if (bound != fields_detail::kUnbounded) {
+      FieldStorer<kHasBound> storer(ar, bound);
+      rec.Fields(storer);
+    } else {
+      FieldStorer<!kHasBound> storer(ar, bound);
+      rec.Fields(storer);
+    }
+    return;
+  }
+  if (bound != fields_detail::kUnbounded && ar.GetRemaining() >= bound) {
+    const BYTE* const start = ar.ReadCursor();
+    try {
+      FieldLoader<kHasBound> loader(ar, schema, bound);
+      rec.Fields(loader);
+      return;
+    } catch (const fields_detail::RestartChecked&) {
+      ar.SetReadCursor(start);
+    }
+  }
+  FieldLoader<!kHasBound> loader(ar, schema, bound);
+  rec.Fields(loader);
 }
 
 // Bridges a record's Fields template to a run-time CFieldVisitor.
