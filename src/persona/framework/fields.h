@@ -395,11 +395,8 @@ class FieldLoader {
       const std::size_t n = *m_in;
       if (n < 0xFF && (kBounded || n < static_cast<std::size_t>(m_inEnd - m_in))) {
         std::string& out = m.str();
-        if (n == 0) {
-          out.clear();
-        } else {
-          out.assign(reinterpret_cast<const char*>(m_in + 1), n);
-        }
+        out.clear();
+        if (n != 0) out.append(reinterpret_cast<const char*>(m_in + 1), n);
         m_in += 1 + n;
         return;
       }
