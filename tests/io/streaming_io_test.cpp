@@ -12,6 +12,8 @@
 #include <sstream>
 #include <string>
 
+#include <unistd.h>
+
 #include <persona/io/json/json_reader.h>
 #include <persona/io/json/json_writer.h>
 #include <persona/io/json/personality_json.h>
@@ -78,8 +80,9 @@ std::string StreamedJson(CPersonality& p) {
   return text;
 }
 
+// A file of this process in the temporary folder (other test runs may share the folder).
 std::string WriteTemp(const std::string& name, const std::string& text) {
-  const std::string path = ::testing::TempDir() + "/" + name;
+  const std::string path = ::testing::TempDir() + "/" + std::to_string(::getpid()) + "-" + name;
   std::ofstream(path, std::ios::binary) << text;
   return path;
 }
