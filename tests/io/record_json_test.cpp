@@ -5,13 +5,14 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 #include <persona/conventional/conv_set.h>
 #include <persona/core/set.h>
 #include <persona/io/json/record_diff.h>
 #include <persona/io/json/record_json.h>
+#include <persona/options/lumo_opts.h>
 #include <persona/options/macro.h>
+#include <persona/options/mosaic_opts.h>
 #include <persona/options/status_message.h>
 #include <persona/systems/esk_data.h>
 #include <persona/systems/trunk_set.h>
@@ -70,7 +71,7 @@ TEST_F(RecordJson, SharedRecordsStaySharedAndBytesSurvive) {
   set.SetName(std::string("\x01\x7F\x81\x9D\xFF", 5));
   auto* a = new CKeyHolder;
   a->m_Name = "A";
-  a->m_Freq = std::numeric_limits<double>::quiet_NaN();
+  a->m_Freq = test::NanOfEveryHexDigit();
   a->m_Tone[1] = 7;
   a->m_Keys.AddTail(&key);
   a->m_Keys.AddTail(nullptr);
@@ -87,7 +88,7 @@ TEST_F(RecordJson, SharedRecordsStaySharedAndBytesSurvive) {
   const std::string text = doc.dump();
   EXPECT_NE(text.find(R"("Keys":[{"$class":"CEskData","$id":1,)"), std::string::npos) << text;
   EXPECT_NE(text.find(R"("Keys":[{"$ref":1}])"), std::string::npos) << text;
-  EXPECT_NE(text.find(R"("Freq":{"$f64":"7ff8000000000000"})"), std::string::npos) << text;
+  EXPECT_NE(text.find(R"("Freq":{"$f64":"7ffabcdef0123456"})"), std::string::npos) << text;
 
   ImportedRecords back = ImportRecords(Json::parse(text), RUNTIME_CLASS(CSet), "set.json");
   ASSERT_EQ(back.shared.size(), 1u);
@@ -282,6 +283,20 @@ TEST(RecordDiff, RecordsOfAnotherClassAreComparedFieldByField) {
                 "added sets/trunk/T/#2/Activate /Elements/1/Activate  -> 0 [trunk elements]",
                 "added sets/trunk/T/#2/Stroke /Elements/1/Stroke  -> 9 [trunk elements]",
                 R"(changed sets/trunk/T/Name /Name "T" -> "t" [trunk sets f])",
+            }));
+  // Two classes whose fields have the same types in the same order but other names: paired by
+  // name, never by position.
+  CMosaicOpts mosaic;
+  CFennOpts fenn;
+  mosaic.SetUdpPort(7);
+  fenn.SetRefOsc(7);
+  EXPECT_EQ(Lines(mosaic, fenn),
+            (std::vector<std::string>{
+                R"(changed $class /$class "CMosaicOpts" -> "CFennOpts" [records f])",
+                "removed UdpPort /UdpPort 7 ->  [records]",
+                "removed PowerUpState /PowerUpState 0 ->  [records]",
+                "added RefOsc /RefOsc  -> 7 [records]",
+                "added PowerButton /PowerButton  -> 0 [records]",
             }));
 }
 

@@ -89,7 +89,7 @@ std::string WriteTemp(const std::string& name, const std::string& text) {
 
 TEST(StreamedJson, ReadsBackTheSameBytesAndHandsOtherFormsToTheWholeReader) {
   std::unique_ptr<CPersonality> p = BuildSamplePersonality();
-  p->SetTxMaxFreq(std::numeric_limits<double>::quiet_NaN());
+  p->SetTxMaxFreq(test::NanOfEveryHexDigit());
   const std::vector<BYTE> bytes = StorePersonalityBytes(*p);
   const std::string text = StreamedJson(*p);
   std::istringstream in(text);

@@ -1,7 +1,9 @@
 // Test helpers over tests/data and memory archives.
 #include "support/test_data.h"
 
+#include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
@@ -36,6 +38,13 @@ std::string Hex(const std::vector<BYTE>& bytes) {
     if (i + 1 < bytes.size()) out += ' ';
   }
   return out;
+}
+
+double NanOfEveryHexDigit() {
+  const std::uint64_t bits = 0x7ffabcdef0123456ull;
+  double v;
+  std::memcpy(&v, &bits, sizeof v);
+  return v;
 }
 
 }  // namespace persona::test

@@ -30,4 +30,8 @@ std::unique_ptr<T> LoadAs(const std::vector<BYTE>& bytes, const std::string& nam
 // Hex dump of bytes, for readable failure messages.
 std::string Hex(const std::vector<BYTE>& bytes);
 
+// A NaN whose bits, 7ffabcdef0123456, hold every hexadecimal digit: its "$f64" form must carry
+// each one through.
+double NanOfEveryHexDigit();
+
 }  // namespace persona::test

@@ -16,6 +16,7 @@
 #include <persona/framework/codepage.h>
 #include <persona/framework/fields.h>
 #include <persona/framework/file_io.h>
+#include <persona/io/json/f64_digits.h>
 #include <persona/io/json/field_refs.h>
 #include <persona/io/json/personality_json.h>
 
@@ -205,15 +206,8 @@ void Reader::Integer(long long v) {
 }
 
 double Reader::F64(const string_t& hex) {
-  if (hex.size() != 16) throw Abandon();
-  std::uint64_t bits = 0;
-  for (char c : hex) {
-    const int d = (c >= '0' && c <= '9') ? c - '0' : (c >= 'a' && c <= 'f') ? c - 'a' + 10 : -1;
-    if (d < 0) throw Abandon();
-    bits = (bits << 4) | static_cast<std::uint64_t>(d);
-  }
-  double v;
-  std::memcpy(&v, &bits, sizeof v);
+  double v = 0;
+  if (!DoubleOfF64Digits(hex, &v)) throw Abandon();
   return v;
 }
 

@@ -10,6 +10,7 @@
 
 #include <persona/framework/codepage.h>
 #include <persona/framework/fields.h>
+#include <persona/io/json/f64_digits.h>
 #include <persona/io/json/personality_json.h>
 
 namespace persona {
@@ -170,13 +171,9 @@ class StreamingExportVisitor : public CFieldVisitor {
       m_out.Double(v);
       return;
     }
-    std::uint64_t bits;
-    std::memcpy(&bits, &v, sizeof bits);
-    char hex[17];
-    std::snprintf(hex, sizeof hex, "%016llx", static_cast<unsigned long long>(bits));
     m_out.Open('{');
     m_out.Key("$f64");
-    m_out.String(hex);
+    m_out.String(F64Digits(v));
     m_out.Close('}');
   }
   void Field(const FieldInfo& f, CString& v) override { Key(f).Windows1252(v.str()); }

@@ -13,6 +13,7 @@
 #include <persona/framework/codepage.h>
 #include <persona/framework/fields.h>
 #include <persona/integrity/name_refs.h>
+#include <persona/io/json/f64_digits.h>
 #include <persona/io/json/field_refs.h>
 #include <persona/io/json/record_json.h>
 #include <persona/personality/personality.h>
@@ -72,11 +73,7 @@ bool SameValue(const FieldRef& a, const FieldRef& b) {
 
 Json DoubleJson(double v) {
   if (std::isfinite(v)) return v;
-  std::uint64_t bits;
-  std::memcpy(&bits, &v, sizeof bits);
-  char hex[17];
-  std::snprintf(hex, sizeof hex, "%016llx", static_cast<unsigned long long>(bits));
-  return Json{{"$f64", hex}};
+  return Json{{"$f64", F64Digits(v)}};
 }
 
 std::string RecordText(CObject* rec) {

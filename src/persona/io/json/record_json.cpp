@@ -11,6 +11,7 @@
 #include <persona/framework/collections.h>
 #include <persona/framework/fields.h>
 #include <persona/integrity/record_path.h>
+#include <persona/io/json/f64_digits.h>
 #include <persona/personality/personality.h>
 
 namespace persona {
@@ -21,13 +22,7 @@ constexpr int kMaxDepth = 32;
 
 Json DoubleToJson(double v) {
   if (std::isfinite(v)) return v;
-  std::uint64_t bits;
-  std::memcpy(&bits, &v, sizeof bits);
-  char hex[17];
-  std::snprintf(hex, sizeof hex, "%016llx", static_cast<unsigned long long>(bits));
-  Json j = Json::object();
-  j["$f64"] = hex;
-  return j;
+  return Json{{"$f64", F64Digits(v)}};
 }
 
 }  // namespace
@@ -322,16 +317,12 @@ class JsonImportVisitor : public CFieldVisitor {
   double Double(const Json& j, const std::string& pointer) const {
     if (j.is_number()) return j.get<double>();
     if (j.is_object() && j.size() == 1 && j.contains("$f64") && j["$f64"].is_string()) {
-      const std::string hex = j["$f64"].get<std::string>();
-      std::uint64_t bits = 0;
+      const std::string& hex = j["$f64"].get_ref<const std::string&>();
       if (hex.size() != 16) m_im.Fail(pointer, "\"$f64\" needs 16 hexadecimal digits");
-      for (char c : hex) {
-        int d = (c >= '0' && c <= '9') ? c - '0' : (c >= 'a' && c <= 'f') ? c - 'a' + 10 : -1;
-        if (d < 0) m_im.Fail(pointer, "\"$f64\" needs 16 lower-case hexadecimal digits");
-        bits = (bits << 4) | static_cast<std::uint64_t>(d);
+      double v = 0;
+      if (!DoubleOfF64Digits(hex, &v)) {
+        m_im.Fail(pointer, "\"$f64\" needs 16 lower-case hexadecimal digits");
       }
-      double v;
-      std::memcpy(&v, &bits, sizeof v);
       return v;
     }
     m_im.Fail(pointer, "expected a number");
