@@ -60,22 +60,35 @@ Printer SetPrinter() {
   };
 }
 
+using Assign = std::function<void(CObject&, const CObject*)>;
+
 struct Entry {
   const CRuntimeClass* cls;
   Printer print;  // null: no report block of its own
+  Assign assign;  // operator=(const T*); null for a class without one
 };
 
 template <class T>
+Assign PointerAssign() {
+  if constexpr (std::is_assignable_v<T&, const T*>) {
+    return
+        [](CObject& dst, const CObject* src) { static_cast<T&>(dst) = static_cast<const T*>(src); };
+  } else {
+    return nullptr;
+  }
+}
+
+template <class T>
 Entry Opt() {
-  return {T::GetThisClass(), OptionPrinter<T>()};
+  return {T::GetThisClass(), OptionPrinter<T>(), PointerAssign<T>()};
 }
 template <class T>
 Entry Set() {
-  return {T::GetThisClass(), SetPrinter<T>()};
+  return {T::GetThisClass(), SetPrinter<T>(), PointerAssign<T>()};
 }
 template <class T>
 Entry Plain() {
-  return {T::GetThisClass(), nullptr};
+  return {T::GetThisClass(), nullptr, PointerAssign<T>()};
 }
 
 std::vector<Entry> Entries() {
@@ -205,6 +218,26 @@ TEST(RecordGolden, StoredBytesAndReportsOfEveryClassMatchTheReviewedFile) {
   const std::size_t from = got.rfind('\n', at == 0 ? 0 : at - 1);
   EXPECT_EQ(want.size(), got.size());
   EXPECT_EQ(want.substr(from + 1, 300), got.substr(from + 1, 300)) << "at byte " << at;
+}
+
+TEST(RecordGolden, PointerAssignmentCopiesEveryStoredByteAndIgnoresNullAndItself) {
+  for (const Entry& e : Entries()) {
+    if (!e.assign) continue;
+    SCOPED_TRACE(e.cls->m_lpszClassName);
+    auto target = Filled(e.cls, 1);
+    const auto source = Filled(e.cls, 2);
+    if (auto* general = dynamic_cast<CGenRadioOpts*>(source.get())) {  // keeps its own latch
+      general->SetEmerLatch(static_cast<CGenRadioOpts&>(*target).GetEmerLatch());
+    }
+    const std::string before = test::Hex(test::StoreObject(target.get()));
+    e.assign(*target, nullptr);
+    EXPECT_EQ(test::Hex(test::StoreObject(target.get())), before);
+    e.assign(*target, target.get());
+    EXPECT_EQ(test::Hex(test::StoreObject(target.get())), before);
+    e.assign(*target, source.get());
+    EXPECT_EQ(test::Hex(test::StoreObject(target.get())),
+              test::Hex(test::StoreObject(source.get())));
+  }
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include <persona/conventional/conv_set.h>
 #include <persona/options/lumo_opts.h>
+#include <persona/options/mosaic_opts.h>
 #include <persona/report/merge_policy.h>
 #include <persona/report/personality_ops.h>
 #include <persona/report/personality_report.h>
@@ -210,24 +211,29 @@ TEST(PersonalityOps, MergesAppendAndSettleTheNamesHeldTwiceByPolicy) {
   auto* group = new CGroupSet(68, 0, GroupSetType);
   group->SetName("Metro");
   b.AddSet(group, GroupSetType);
+  a.PutOption(new CMosaicOpts);  // the first option of each: held twice once merged
+  b.PutOption(new CMosaicOpts);
 
   MergeResult plain = MergePersonalities(a, b);
   std::vector<std::string> clashes;
   for (const auto& c : plain.clashes) clashes.push_back(c.what + " " + c.name);
   EXPECT_EQ(Summary(*plain.merged, clashes),
-            "NORTH NORTH SOUTH | Metro METRO | system NORTH | set conv METRO");
+            "NORTH NORTH SOUTH | Metro METRO | system NORTH | set conv METRO | option CMosaicOpts");
   EXPECT_EQ(plain.merged->GetNumRadioTypes(), 2);
   EXPECT_EQ(plain.merged->GetLastRadio(), 103);
   const std::pair<ClashPolicy, const char*> policies[] = {
       {ClashPolicy::KeepBoth,
-       "NORTH NORTH SOUTH | Metro METRO | system NORTH: kept both | conv set METRO: kept both"},
+       "NORTH NORTH SOUTH | Metro METRO | system NORTH: kept both | conv set METRO: kept both | "
+       "option CMosaicOpts: kept both"},
       {ClashPolicy::PreferA,
-       "NORTH SOUTH | Metro | system NORTH: kept A's | conv set METRO: kept A's"},
+       "NORTH SOUTH | Metro | system NORTH: kept A's | conv set METRO: kept A's | option "
+       "CMosaicOpts: kept A's"},
       {ClashPolicy::PreferB,
-       "NORTH SOUTH | METRO | system NORTH: took B's | conv set METRO: took B's"},
+       "NORTH SOUTH | METRO | system NORTH: took B's | conv set METRO: took B's | option "
+       "CMosaicOpts: took B's"},
       {ClashPolicy::Rename,
        "NORTH NORTH-B SOUTH | Metro METRO-B | system NORTH: B's renamed to NORTH-B | conv set "
-       "METRO: B's renamed to METRO-B"}};
+       "METRO: B's renamed to METRO-B | option CMosaicOpts: kept A's"}};
   for (const auto& [policy, expected] : policies) {
     PolicyMergeResult merged = MergeWithPolicy(a, b, policy, "-B");
     clashes.clear();
