@@ -350,6 +350,10 @@ TEST(RecordPath, LookupsFollowTheRegistryAndCanonicalise) {
   EXPECT_EQ(t.kind, PathTarget::Header);
   EXPECT_EQ(t.record, p.get());
   EXPECT_EQ(ErrorOf(*p, "systems/t1/Name"), "no system \"t1\" (column 9)");  // systems: exact
+  const std::string last = std::to_string(p->GetNumSystems());  // positions count from 1
+  EXPECT_EQ(ResolvePath(*p, "systems/#" + last).record, p->GetSystemAt(p->GetNumSystems() - 1));
+  const std::string past = std::to_string(p->GetNumSystems() + 1);
+  EXPECT_EQ(ErrorOf(*p, "systems/#" + past), "no system \"#" + past + "\" (column 9)");
 }
 
 TEST(RecordPath, DuplicateAndOddNamesStayReachable) {

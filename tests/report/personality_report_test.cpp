@@ -12,6 +12,7 @@
 #include <persona/report/merge_policy.h>
 #include <persona/report/personality_ops.h>
 #include <persona/report/personality_report.h>
+#include <persona/systems/conv_system.h>
 #include <persona/systems/group_set.h>
 #include <persona/systems/p25_trk_system.h>
 #include <persona/systems/trunk_set.h>
@@ -243,6 +244,15 @@ TEST(PersonalityOps, MergesAppendAndSettleTheNamesHeldTwiceByPolicy) {
     EXPECT_EQ(merged.merged->GetNumSets(GroupSetType), 1);
   }
   EXPECT_EQ(Summary(a, {}) + Summary(b, {}), "NORTH | MetroNORTH SOUTH | METRO");  // unchanged
+  // A rename reaches the names B's records hold: B's system EAST then uses METRO-B.
+  auto* east = new CConvSystem(68, 0);
+  east->SetName("EAST");
+  east->SetConvSetName("METRO");
+  b.AddSystem(east);
+  PolicyMergeResult renamed = MergeWithPolicy(a, b, ClashPolicy::Rename, "-B");
+  const auto* merged = static_cast<const CConvSystem*>(renamed.merged->GetSystemAt(3));
+  ASSERT_EQ(merged->GetName(), "EAST");
+  EXPECT_EQ(merged->GetConvSetName(), "METRO-B");
 }
 
 TEST(PersonalityOps, SetKindsByKeyOrNumber) {
