@@ -14,6 +14,7 @@
 #include <persona/options/macro.h>
 #include <persona/options/mosaic_opts.h>
 #include <persona/options/status_message.h>
+#include <persona/options/status_opts.h>
 #include <persona/systems/esk_data.h>
 #include <persona/systems/trunk_set.h>
 #include "sample/sample_personality.h"
@@ -284,6 +285,28 @@ TEST(RecordDiff, RecordsOfAnotherClassAreComparedFieldByField) {
                 "added sets/trunk/T/#2/Stroke /Elements/1/Stroke  -> 9 [trunk elements]",
                 R"(changed sets/trunk/T/Name /Name "T" -> "t" [trunk sets f])",
             }));
+  // Lists of unequal length set aside their equal ends first: a record whose own list differs
+  // only after its first entry is not one of them.
+  CSet c;
+  CSet d;
+  for (CSet* set : {&c, &d}) {
+    auto* messages = new CMessage;
+    for (const char* name : {"ONE", set == &c ? "TWO" : "2"}) {
+      auto* m = new CStatusMessage;
+      m->SetName(name);
+      messages->AddMessage(m);
+    }
+    set->Add(messages);
+  }
+  d.Add(new CMacro);
+  EXPECT_EQ(
+      Lines(c, d),
+      (std::vector<std::string>{
+          R"(changed sets/trunk//#1/Messages/#2/Name /Elements/0/Messages/1/Name "TWO" -> "2")"
+          R"( [trunk elements f])",
+          R"(added sets/trunk//#2 /Elements/1  -> {"$class":"CMacro","Activate":0,"Stroke")"
+          R"( [trunk elements w])",
+      }));
   // Two classes whose fields have the same types in the same order but other names: paired by
   // name, never by position.
   CMosaicOpts mosaic;
