@@ -210,6 +210,16 @@ TEST(Checker, MessagesNameWhatIsWrong) {
             "FREQ_OUT_OF_RANGE 0 sets/conv/CONV/#2/TxFreq: channel CH2 transmits on 700.00000 MHz, "
             "below the transmit minimum 806.00000 MHz\n"
             "SET_UNUSED 2 sets/group/GRP: is not used by any system, set or option\n");
+  // A trunked-only model: the message says which models take the system, the short way.
+  auto q = Clean();
+  q->SetLastRadio(75);
+  const std::string all = Describe(CheckPersonality(*q));
+  const std::size_t at = all.find("SYSTEM_UNSUPPORTED 1 systems/C1");
+  ASSERT_NE(at, std::string::npos) << all;
+  EXPECT_EQ(all.substr(at, all.find('\n', at) - at),
+            "SYSTEM_UNSUPPORTED 1 systems/C1: system C1 is a Conventional system, which the Model "
+            "75 trunked (radio type 75) does not take; every radio type but 72-75 takes it (prune "
+            "removes it)");
 }
 
 }  // namespace
