@@ -44,6 +44,7 @@ TEST(CsvText, ReadsWhatSpreadsheetsWrite) {
       "a,\"b,c\",\"say \"\"hi\"\"\"\r\n"
       "\r\n"
       "\"two\nlines\",,x\n"
+      "\n"
       "last;cell\r"
       "\"\"";
   CsvReader reader(text, ',', "t.csv");
@@ -54,6 +55,7 @@ TEST(CsvText, ReadsWhatSpreadsheetsWrite) {
   EXPECT_EQ(reader.Row(), 3u);  // the blank line is a row of the spreadsheet too
   EXPECT_EQ(cells, (std::vector<std::string>{"two\nlines", "", "x"}));
   ASSERT_TRUE(reader.Next(cells));
+  EXPECT_EQ(reader.Row(), 5u);  // after a blank line that ends in a line feed alone
   EXPECT_EQ(cells, (std::vector<std::string>{"last;cell"}));
   ASSERT_TRUE(reader.Next(cells));
   EXPECT_EQ(cells, (std::vector<std::string>{""}));

@@ -28,12 +28,7 @@ CP25Group& CP25Group::operator=(const CP25Group* src) {
 int CP25Group::operator==(const CP25Group& o) const { return set_helpers::SameFields(*this, o); }
 
 void CP25Group::Serialize(CArchive& ar) {
-  m_schemaRead = 0;
-  if (ar.IsLoading()) {
-    m_loadedSchema = ReadSchemaByte(ar);
-    m_schemaRead = 1;
-  }
-  SerializeFields(ar, *this, m_loadedSchema);
+  SerializeFields(ar, *this, ar.IsLoading() ? ReadSchemaByte(ar) : 0);
 }
 
 // ---- CP25GroupSet ----------------------------------------------------------------------------

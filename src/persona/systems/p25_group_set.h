@@ -71,8 +71,6 @@ class PERSONA_EXPORT CP25Group : public CObject {
 
   template <class V>
   PERSONA_ALWAYS_INLINE void Fields(V& v) {
-    v("LoadedSchema", m_loadedSchema, Transient{});
-    v("SchemaRead", m_schemaRead, Transient{});
     v("Name", m_Name);
     v("GrpId", m_GrpId);
     v("EncryptMode", m_EncryptMode);
@@ -91,8 +89,6 @@ class PERSONA_EXPORT CP25Group : public CObject {
   PERSONA_FIELDS(CObject)
 
  private:
-  BYTE m_loadedSchema = 0;
-  BYTE m_schemaRead = 0;
   CString m_Name;
   DWORD m_GrpId = 0;
   BYTE m_EncryptMode = 8;
