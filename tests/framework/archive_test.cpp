@@ -441,6 +441,8 @@ TEST(ArchiveFiles, DiskAndMemoryFilesCarryTheSameBytesAndAMissingFileIsNamed) {
   EXPECT_EQ(file.GetPosition(), file.GetLength());
   file.Close();
   EXPECT_FALSE(file.IsOpen());
+  EXPECT_EQ(file.GetLength(), 0u);  // a closed file has no length and no position
+  EXPECT_EQ(file.GetPosition(), 0u);
   file.Close();  // closing a closed file does nothing
   // A memory file reads like a disk file: what is left, then nothing.
   std::vector<BYTE> head(static_cast<std::size_t>(mem.GetSize()) + 8);

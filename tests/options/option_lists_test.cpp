@@ -151,6 +151,11 @@ TEST(OptionLists, IndexedValuesOfScratchPadAgencySirenAndVantor) {
   EXPECT_TRUE(pad.SetLidAt(1, 99));
   EXPECT_FALSE(pad.SetLidAt(2, 99));
   EXPECT_FALSE(pad.RemoveLidAt(-1));
+  EXPECT_EQ(1048575u, pad.GetLidAt(0));  // the first entry is index 0
+  EXPECT_TRUE(pad.SetLidAt(0, 7));
+  EXPECT_TRUE(pad.RemoveLidAt(0));
+  EXPECT_EQ(99u, pad.GetLidAt(0));
+  EXPECT_EQ(1, pad.GetNumLids());
   EXPECT_EQ(CString(""), pad.GetPhoneNumberAt(0));
   EXPECT_FALSE(pad.SetPhoneNumberAt(0, "1"));
   pad.Delete();
