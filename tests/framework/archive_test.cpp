@@ -11,6 +11,8 @@
 #include <tuple>
 #include <vector>
 
+#include <unistd.h>
+
 #include <persona/core/set.h>
 #include <persona/framework/archive.h>
 #include <persona/framework/collections.h>
@@ -423,7 +425,8 @@ TEST(ArchiveFiles, DiskAndMemoryFilesCarryTheSameBytesAndAMissingFileIsNamed) {
   CEskData key;
   key.SetEskId("Disk");
   key.SetEsk(77);
-  const std::string path = ::testing::TempDir() + "/persona_archive_file.bin";
+  const std::string path =
+      ::testing::TempDir() + "/persona_archive_file-" + std::to_string(::getpid()) + ".bin";
   CMemFile mem;
   for (CFile* target : {static_cast<CFile*>(nullptr), static_cast<CFile*>(&mem)}) {
     CFile file;
@@ -459,6 +462,12 @@ TEST(ArchiveFiles, DiskAndMemoryFilesCarryTheSameBytesAndAMissingFileIsNamed) {
     aborted.Abort();
     EXPECT_TRUE(aborted.TakeStoredBytes().empty());
     EXPECT_EQ(untouched.GetSize(), 0u);
+  }
+  {  // one byte written is one byte held
+    CMemFile one;
+    one.Write("A", 1);
+    EXPECT_EQ(one.GetSize(), 1u);
+    EXPECT_EQ(one.GetData()[0], 'A');
   }
   mem.SeekToBegin();
   CArchive fromMemory(&mem, CArchive::load);
