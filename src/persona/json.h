@@ -5,6 +5,7 @@
 #include <persona/io/csv/csv_columns.h>
 #include <persona/io/csv/csv_text.h>
 #include <persona/io/csv/set_csv.h>
+#include <persona/io/json/f64_digits.h>
 #include <persona/io/json/field_refs.h>
 #include <persona/io/json/json_reader.h>
 #include <persona/io/json/json_writer.h>
