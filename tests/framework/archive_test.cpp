@@ -140,7 +140,8 @@ TEST(ArchiveEncoding, CountsTakeTheirFormAtEveryBoundaryAndReadBack) {
       {0xFFFFFFFFull, "ff ff ff ff ff ff ff ff ff ff 00 00 00 00"},
       {0x123456789ull, "ff ff ff ff ff ff 89 67 45 23 01 00 00 00"}};
   for (const auto& [n, hex] : cases) {
-    const std::vector<BYTE> bytes = Store([&](CArchive& ar) { ar.WriteCount(n); });
+    const ULONGLONG count = n;  // a lambda may not capture a structured binding before C++20
+    const std::vector<BYTE> bytes = Store([&](CArchive& ar) { ar.WriteCount(count); });
     EXPECT_EQ(Hex(bytes), hex);
     CArchive in(bytes.data(), bytes.size());
     EXPECT_EQ(in.ReadCount(), n);
