@@ -555,6 +555,13 @@ TEST(ArchiveVectors, BackReferencesGiveTheSameObjectAgain) {
 
   const std::vector<BYTE> stored = Store([&](CArchive& out) { list.Serialize(out); });
   EXPECT_EQ(Hex(stored), Hex(bytes));
+  // Entries are replaced in place from index 0 to the last; any other index is refused.
+  list.SetAt(0, list.GetAt(2));
+  list.SetAt(4, nullptr);
+  EXPECT_EQ(list.GetAt(0), list.GetAt(2));
+  EXPECT_EQ(list.GetAt(4), nullptr);
+  EXPECT_THROW(list.SetAt(-1, nullptr), CInvalidArgException);
+  EXPECT_THROW(list.SetAt(5, nullptr), CInvalidArgException);
 }
 
 TEST(ArchiveVectors, BigTagsUseThe32BitForms) {
