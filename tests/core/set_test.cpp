@@ -49,6 +49,15 @@ TEST(Set, PositionRules) {
   EXPECT_THROW(set.SetAt(5, spare.get()), CInvalidArgException);
   EXPECT_THROW(set.SetAt(-1, spare.get()), CInvalidArgException);
 
+  // The list under the set inserts before 0 .. count and refuses any other position.
+  COwnedObList list;
+  list.InsertAt(0, Msg("H", 8));
+  list.InsertAt(1, Msg("I", 9));  // at the end
+  EXPECT_THROW(list.InsertAt(3, spare.get()), CInvalidArgException);
+  EXPECT_THROW(list.InsertAt(-1, spare.get()), CInvalidArgException);
+  EXPECT_EQ(list.GetCount(), 2);
+  EXPECT_EQ(static_cast<CStatusMessage*>(list.GetAt(1))->GetName(), "I");
+
   set.DeleteAt(9);  // beyond the end: nothing
   EXPECT_EQ(set.GetSize(), 5);
   EXPECT_THROW(set.DeleteAt(-1), CInvalidArgException);
