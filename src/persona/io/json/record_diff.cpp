@@ -1,7 +1,6 @@
 // Field-by-field differences of two records, walked side by side through their descriptions.
 #include <persona/io/json/record_diff.h>
 
-#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -13,7 +12,6 @@
 #include <persona/framework/codepage.h>
 #include <persona/framework/fields.h>
 #include <persona/integrity/name_refs.h>
-#include <persona/io/json/f64_digits.h>
 #include <persona/io/json/field_refs.h>
 #include <persona/io/json/record_json.h>
 #include <persona/personality/personality.h>
@@ -71,11 +69,6 @@ bool SameValue(const FieldRef& a, const FieldRef& b) {
   return false;
 }
 
-Json DoubleJson(double v) {
-  if (std::isfinite(v)) return v;
-  return Json{{"$f64", F64Digits(v)}};
-}
-
 std::string RecordText(CObject* rec) {
   if (rec == nullptr) return "null";
   JsonExporter exporter;
@@ -99,7 +92,7 @@ std::string ValueText(const FieldRef& f) {
     case FieldKind::Long:
       return std::to_string(As<LONG>(f));
     case FieldKind::Double:
-      return DoubleJson(As<double>(f)).dump();
+      return DoubleToJson(As<double>(f)).dump();
     case FieldKind::String:
       return Json(Windows1252ToUtf8(As<CString>(f).str())).dump();
     case FieldKind::Strings:

@@ -20,12 +20,12 @@ namespace {
 
 constexpr int kMaxDepth = 32;
 
+}  // namespace
+
 Json DoubleToJson(double v) {
   if (std::isfinite(v)) return v;
   return Json{{"$f64", F64Digits(v)}};
 }
-
-}  // namespace
 
 // ---- export ---------------------------------------------------------------------------------
 

@@ -64,6 +64,10 @@ struct PERSONA_JSON_EXPORT ImportedRecords {
   std::vector<std::unique_ptr<CObject>> shared;
 };
 
+// The JSON value of a double field: the number, or {"$f64": "<16 hexadecimal digits>"} for
+// infinities and NaN (their bits, payload included). Does not fail.
+PERSONA_JSON_EXPORT Json DoubleToJson(double v);
+
 // Builds the records of doc, whose root must be of class expected (or derived; null accepts
 // any). Fields absent from the document keep their default-constructor values. Throws
 // CJsonImportException for an unknown class or field, a value of the wrong type or range, an
