@@ -452,7 +452,8 @@ CObject* CArchive::ReadObjectTag(const CRuntimeClass* requested, bool shared, bo
   if (!m_loading)
     ThrowFailure(CArchiveException::writeOnly, "read from an archive that is storing");
   *isNew = false;
-  if (m_loadTable.empty()) m_loadTable.push_back(kNullEntry);  // index 0: null
+  // The table's first entry stands for the null object.
+  if (m_loadTable.empty()) m_loadTable.push_back(kNullEntry);
   const std::size_t at = GetPosition();
   const WORD w = Get<WORD>();
   DWORD classSlot = 0;

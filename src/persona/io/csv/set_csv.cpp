@@ -22,11 +22,14 @@ namespace {
 
 // One element row: its cells (field texts in the records' code page) and where it goes.
 struct Row {
-  std::size_t number = 0;          // row number in the CSV
-  std::vector<std::string> cells;  // one per column, UTF-8
-  std::string name;                // the Name cell in the records' code page
-  int existing = -1;               // the matched element's position, or -1
-  std::unique_ptr<CObject> fresh;  // the new element (existing == -1)
+  // The row number in the CSV, the cells (one per column, in UTF-8) and the Name cell in the
+  // records' code page.
+  std::size_t number = 0;
+  std::vector<std::string> cells;
+  std::string name;
+  // The matched element's position, or -1 for a new element, held in fresh.
+  int existing = -1;
+  std::unique_ptr<CObject> fresh;
 };
 
 // Sets every cell of row on element; a value that does not fit is refused with its position.

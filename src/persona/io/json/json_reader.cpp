@@ -47,7 +47,8 @@ struct Frame {
   CObject* rec = nullptr;                   // Record: null until "$class" is read
   bool shared = false;                      // Record: an element of a list of shared records
   FieldRef field{};                         // Values, F64: the field being filled
-  std::size_t count = 0;         // Values: values read; Ref, F64: 1 once the value is read
+  // Values: values read; Ref, F64: one once the value is read.
+  std::size_t count = 0;
   std::vector<FieldRef> fields;  // Record: its field table
   std::vector<bool> seen;        // Record: fields already set
   std::size_t cursor = 0;        // Record: where the next key is looked for first
