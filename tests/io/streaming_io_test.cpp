@@ -134,6 +134,8 @@ TEST(StreamedJson, FaultsAreNamedByTheirPointer) {
       {elements + "/0/$class", 7, elements + "/0", "sets/conv/METRO/FIRE 1"},
       {"/personality/Systems/0/ScannedSystems", Json{"A", 3}, "/Systems/0/ScannedSystems/1",
        "systems/KVX METRO/ScannedSystems/2"},
+      {"/personality/Systems/0/ScannedSystems", Json{"A", nullptr}, "/Systems/0/ScannedSystems/1",
+       "systems/KVX METRO/ScannedSystems/2"},
   };
   for (const auto& fault : faults) {
     Json doc = good;
@@ -157,6 +159,44 @@ TEST(StreamedJson, FaultsAreNamedByTheirPointer) {
   }
   std::istringstream truncated(good.dump().substr(0, 5000));
   EXPECT_EQ(StreamPersonalityJson(truncated), nullptr);
+}
+
+// A personality document whose personality holds another in its option list, levels deep.
+std::string NestedPersonalityJson(const Json& good, int levels) {
+  Json inner = {{"$class", "CPersonality"}};
+  for (int i = 1; i < levels; ++i) {
+    inner = Json{{"$class", "CPersonality"}, {"Options", Json::array({inner})}};
+  }
+  Json doc = good;
+  doc["personality"] = inner;
+  return doc.dump();
+}
+
+TEST(StreamedJson, RecordsNestedThirtyTwoDeepAreReadAndDeeperOnesRefused) {
+  std::unique_ptr<CPersonality> p = BuildSamplePersonality();
+  const Json good = Json::parse(StreamedJson(*p));
+  const std::string deepest = NestedPersonalityJson(good, 32);
+  std::istringstream in(deepest);
+  std::unique_ptr<CPersonality> back = StreamPersonalityJson(in);
+  ASSERT_NE(back, nullptr);
+  int levels = 1;
+  for (CPersonality* at = back.get(); at->GetNumOptions() == 1; ++levels) {
+    at = static_cast<CPersonality*>(at->GetOptionAt(0));
+  }
+  EXPECT_EQ(levels, 32);
+
+  const std::string deeper = NestedPersonalityJson(good, 33);
+  std::istringstream deeperIn(deeper);
+  EXPECT_EQ(StreamPersonalityJson(deeperIn), nullptr);
+  const std::string path = WriteTemp("deep.json", deeper);
+  try {
+    ReadPersonalityJsonFile(path);
+    ADD_FAILURE() << "33 levels were accepted";
+  } catch (const CJsonImportException& e) {
+    EXPECT_NE(std::string(e.what()).find("nested more than 32 levels"), std::string::npos)
+        << e.what();
+  }
+  std::remove(path.c_str());
 }
 
 // The kind of a file told from its first bytes.
