@@ -3,6 +3,8 @@
 // class compared field by field.
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include <persona/conventional/conv_set.h>
 #include <persona/core/set.h>
 #include <persona/io/json/record_diff.h>
@@ -11,6 +13,7 @@
 #include <persona/options/mosaic_opts.h>
 #include <persona/options/status_message.h>
 #include <persona/options/status_opts.h>
+#include <persona/systems/esk_data.h>
 #include <persona/systems/trunk_set.h>
 #include "sample/sample_personality.h"
 
@@ -222,6 +225,63 @@ TEST(RecordDiff, EqualEndsSetAsideNeverOverlapTheEqualStart) {
     AddMessages(b, c.b);
     EXPECT_EQ(Lines(a, b), c.lines) << c.a.size() << " -> " << c.b.size();
   }
+}
+
+// A record whose fields live outside the object, in a block it holds by pointer: the diff cannot
+// reach them by their offsets in the object and goes through the record's own field table.
+class CHeldFields : public CObject {
+  DECLARE_SERIAL(CHeldFields)
+ public:
+  struct Data {
+    CString name;
+    WORD code = 0;
+    CObList keys{RUNTIME_CLASS(CEskData)};
+  };
+  CHeldFields() : m_data(std::make_unique<Data>()) {}
+  CHeldFields(const CHeldFields& o) : CObject(o), m_data(std::make_unique<Data>(*o.m_data)) {}
+  Data& data() { return *m_data; }
+  void Serialize(CArchive& ar) override { SerializeFields(ar, *this); }
+  template <class V>
+  void Fields(V& v) {
+    v("Name", m_data->name);
+    v("Code", m_data->code);
+    v("Keys", m_data->keys);
+  }
+  PERSONA_FIELDS(CObject)
+
+ private:
+  std::unique_ptr<Data> m_data;
+};
+IMPLEMENT_SERIAL(CHeldFields, CObject, 1)
+
+TEST(RecordDiff, RecordsWhoseFieldsLiveOutsideTheObjectCompareThroughTheirFieldTable) {
+  CEskData k1;
+  CEskData k2;
+  const auto add = [](CSet& set, WORD code, std::initializer_list<CEskData*> keys) {
+    auto* rec = new CHeldFields;
+    rec->data().name = "P";
+    rec->data().code = code;
+    for (CEskData* k : keys) rec->data().keys.AddTail(k);
+    set.SetName("T");
+    set.Add(rec);
+  };
+  // b's first record holds a's keys and one more: a different record, added in front.
+  CSet a;
+  CSet b;
+  add(a, 0, {&k1});
+  add(b, 0, {&k1, &k2});
+  add(b, 0, {&k1});
+  // A field of the one record changed.
+  CSet c;
+  CSet d;
+  add(c, 1, {&k1});
+  add(d, 2, {&k1});
+  EXPECT_EQ(Lines(a, b), (std::vector<std::string>{
+                             R"(added sets/trunk/T/#1 /Elements/0  -> {"$class":"CHeldFields",)"
+                             R"("Name":"P","Code [trunk elements w])"}));
+  EXPECT_EQ(Lines(c, d),
+            (std::vector<std::string>{
+                "changed sets/trunk/T/P/Code /Elements/0/Code 1 -> 2 [trunk elements f]"}));
 }
 
 }  // namespace
