@@ -26,7 +26,7 @@ CPhoneCall& CPhoneCall::operator=(const CPhoneCall* src) {
 int CPhoneCall::operator==(const CPhoneCall& o) const { return set_helpers::SameFields(*this, o); }
 
 void CPhoneCall::Serialize(CArchive& ar) {
-  const BYTE schema = ar.IsLoading() ? ReadSchemaByte(ar) : 0;
+  const BYTE schema = ReadSchemaByte(ar);
   SerializeFields(ar, *this, schema);
   if (ar.IsLoading() && m_Number == " ") m_Number.Empty();
 }

@@ -141,10 +141,7 @@ int CConvChannel::operator==(const CConvChannel& o) const {
   return set_helpers::SameFields(*this, o, set_helpers::SameFrequencyStep);
 }
 
-void CConvChannel::Serialize(CArchive& ar) {
-  const BYTE schema = ar.IsLoading() ? ReadSchemaByte(ar) : 0;
-  SerializeFields(ar, *this, schema);
-}
+void CConvChannel::Serialize(CArchive& ar) { SerializeFields(ar, *this, ReadSchemaByte(ar)); }
 
 // ---- CConvSet --------------------------------------------------------------------------------
 
@@ -226,8 +223,7 @@ int CConvSet::CheckFrequencyRange(double first, double, double third, double fou
 
 void CConvSet::Serialize(CArchive& ar) {
   CSet::Serialize(ar);
-  const BYTE schema = ar.IsLoading() ? ReadSchemaByte(ar) : 0;
-  SerializeFields(ar, *this, schema);
+  SerializeFields(ar, *this, ReadSchemaByte(ar));
 }
 
 void CConvSet::PrintHeader(CStringArray& out, int setNumber) const {

@@ -71,10 +71,7 @@ int CP25ConvChannel::operator==(const CP25ConvChannel& o) const {
   return set_helpers::SameFields(*this, o, set_helpers::WithinOneHertz);
 }
 
-void CP25ConvChannel::Serialize(CArchive& ar) {
-  const BYTE schema = ar.IsLoading() ? ReadSchemaByte(ar) : 0;
-  SerializeFields(ar, *this, schema);
-}
+void CP25ConvChannel::Serialize(CArchive& ar) { SerializeFields(ar, *this, ReadSchemaByte(ar)); }
 
 // ---- CP25ConvSet -----------------------------------------------------------------------------
 

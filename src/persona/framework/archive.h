@@ -292,7 +292,7 @@ class PERSONA_EXPORT CArchive {
 };
 
 // Reads the stored schema of the record being loaded as the 8-bit value the records keep
-// (255 when there is none).
+// (255 when there is none, and always while storing, so that one Serialize serves both).
 inline BYTE ReadSchemaByte(CArchive& ar) { return static_cast<BYTE>(ar.GetObjectSchema()); }
 
 // True when a field added by schema `since` is present in an object stored with `schema`

@@ -27,9 +27,7 @@ CP25Group& CP25Group::operator=(const CP25Group* src) {
 
 int CP25Group::operator==(const CP25Group& o) const { return set_helpers::SameFields(*this, o); }
 
-void CP25Group::Serialize(CArchive& ar) {
-  SerializeFields(ar, *this, ar.IsLoading() ? ReadSchemaByte(ar) : 0);
-}
+void CP25Group::Serialize(CArchive& ar) { SerializeFields(ar, *this, ReadSchemaByte(ar)); }
 
 // ---- CP25GroupSet ----------------------------------------------------------------------------
 

@@ -56,10 +56,7 @@ int CTrunkChannel::operator==(const CTrunkChannel& o) const {
          m_OsOpt == o.m_OsOpt && m_Type == o.m_Type && m_Npspac == o.m_Npspac;
 }
 
-void CTrunkChannel::Serialize(CArchive& ar) {
-  const BYTE schema = ar.IsLoading() ? ReadSchemaByte(ar) : 0;
-  SerializeFields(ar, *this, schema);
-}
+void CTrunkChannel::Serialize(CArchive& ar) { SerializeFields(ar, *this, ReadSchemaByte(ar)); }
 
 // ---- CTrunkSet -------------------------------------------------------------------------------
 
@@ -113,7 +110,7 @@ int CTrunkSet::CheckFrequencyRange(double a, double, double c, double d) const {
 
 void CTrunkSet::Serialize(CArchive& ar) {
   CSet::Serialize(ar);
-  const BYTE schema = ar.IsLoading() ? ReadSchemaByte(ar) : 0;
+  const BYTE schema = ReadSchemaByte(ar);
   SerializeFields(ar, *this, schema);
   if (ar.IsLoading()) {
     if (m_BandWidth > 1) m_BandWidth = 0;
