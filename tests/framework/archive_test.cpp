@@ -443,6 +443,9 @@ TEST(ArchiveFiles, DiskAndMemoryFilesCarryTheSameBytesAndAMissingFileIsNamed) {
   EXPECT_EQ(file.GetLength(), mem.GetSize());
   ar.Close();
   EXPECT_EQ(file.GetPosition(), file.GetLength());
+  EXPECT_EQ(file.Seek(3, CFile::begin), 3u);  // each origin, as on a memory file below
+  EXPECT_EQ(file.Seek(-2, CFile::end), file.GetLength() - 2);
+  EXPECT_EQ(file.Seek(1, CFile::current), file.GetLength() - 1);
   file.Close();
   EXPECT_FALSE(file.IsOpen());
   EXPECT_EQ(file.GetLength(), 0u);  // a closed file has no length and no position
