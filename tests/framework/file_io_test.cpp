@@ -187,6 +187,26 @@ TEST(FileIo, ALinkIsFollowedAndTheReplacedFileKeepsItsMode) {
   WriteFileAtomically(dir + "/dangling", {4});
   EXPECT_TRUE(S_ISLNK(ModeOf(dir + "/dangling")));
   EXPECT_EQ(ReadWholeFile(dir + "/later.pers"), std::vector<BYTE>{4});
+  // 39 links in a row lead to the file, as open(2) follows them; 40 are refused as a loop.
+  const std::string chain = FreshDir("link_chain");
+  for (int links : {39, 40}) {
+    const std::string end = chain + "/end" + std::to_string(links);
+    for (int i = 0; i < links; ++i) {
+      const std::string to =
+          i + 1 == links ? end : chain + "/" + std::to_string(links) + "-" + std::to_string(i + 1);
+      ASSERT_EQ(symlink(to.c_str(),
+                        (chain + "/" + std::to_string(links) + "-" + std::to_string(i)).c_str()),
+                0);
+    }
+    const std::string first = chain + "/" + std::to_string(links) + "-0";
+    if (links == 39) {
+      WriteFileAtomically(first, {6});
+      EXPECT_EQ(ReadWholeFile(end), std::vector<BYTE>{6});
+    } else {
+      EXPECT_THROW(WriteFileAtomically(first, {6}), CFileException);
+      EXPECT_FALSE(S_ISREG(ModeOf(end)));
+    }
+  }
   // A name as long as a folder entry may be still gets a temporary name that fits.
   const std::string longName = dir + "/" + std::string(250, 'n') + ".pers";
   WriteFileAtomically(longName, {5});

@@ -180,10 +180,19 @@ TEST(SetUse, EachSystemKindNamesExactlyItsOwnLists) {
     c.system->SetSysType(c.kind);
     EXPECT_EQ(c.lists, ListsNamed(*c.system)) << c.system->GetClassName();
   }
-  // A system whose stored kind does not match its class names nothing.
-  CTrunkSystem odd;
-  odd.SetSysType(PlmSystemType);
-  EXPECT_EQ("...........", ListsNamed(odd));
+  // A system whose stored kind does not match its class names nothing, whatever the kind.
+  CConvSystem conv;
+  CTrunkSystem trunk;
+  test::FillFields(conv, 4);
+  test::FillFields(trunk, 4);
+  for (SystemType kind : {TrunkedSystemType, EaSystemType, P25TrkSystemType, PlmSystemType,
+                          ConvSystemType, P25ConvSystemType}) {
+    CSystem& odd = kind == ConvSystemType || kind == P25ConvSystemType
+                       ? static_cast<CSystem&>(trunk)
+                       : static_cast<CSystem&>(conv);
+    odd.SetSysType(kind);
+    EXPECT_EQ("...........", ListsNamed(odd)) << odd.GetClassName() << " as kind " << kind;
+  }
 }
 
 TEST(SetUse, RadioTypesKeepTheSystemKindsTheyRun) {

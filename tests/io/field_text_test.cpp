@@ -90,6 +90,9 @@ TEST(FieldText, StringsKeepTheCodePageAndListsTheirEntries) {
   EXPECT_EQ(Refusal(p, "RadioTypes/5", "1"), "RadioTypes has 3 entries; entry 5 cannot be set");
   EXPECT_EQ(Refusal(p, "RadioTypes", "1, x"), "\"x\" is not a whole number");
   EXPECT_EQ(Get(p, "RadioTypes/4"), "<none>");
+  for (const char* malformed : {"RadioTypes/0", "RadioTypes/x", "RadioTypes/", "RadioTypes/1x"}) {
+    EXPECT_EQ(Get(p, malformed), "<none>") << malformed;
+  }
   EXPECT_EQ(Refusal(p, "Name/1", "x"), "Name is not a list: it has no entries");
 
   CPlmGroup group;

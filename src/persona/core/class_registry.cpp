@@ -1,21 +1,22 @@
 // EnsureClassesRegistered: registers every folder's record classes once.
 #include <persona/core/class_registry.h>
 
+#include <mutex>
+
 #include <persona/framework/object.h>
 
 namespace persona {
 
 void EnsureClassesRegistered() {
-  static const bool registered = [] {
+  static std::once_flag once;
+  std::call_once(once, [] {
     RegisterCoreClasses();
     RegisterSystemsClasses();
     RegisterConventionalClasses();
     RegisterCallsClasses();
     RegisterOptionsClasses();
     RegisterPersonalityClasses();
-    return true;
-  }();
-  (void)registered;
+  });
 }
 
 }  // namespace persona
