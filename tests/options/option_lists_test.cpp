@@ -158,7 +158,16 @@ TEST(OptionLists, IndexedValuesOfScratchPadAgencySirenAndVantor) {
   EXPECT_EQ(1, pad.GetNumLids());
   EXPECT_EQ(CString(""), pad.GetPhoneNumberAt(0));
   EXPECT_FALSE(pad.SetPhoneNumberAt(0, "1"));
+  pad.AddPhoneNumber("5550100");
+  pad.AddPhoneNumber("5550199");
+  EXPECT_TRUE(pad.SetPhoneNumberAt(1, "911"));
+  EXPECT_FALSE(pad.SetPhoneNumberAt(2, "1"));
+  for (const int outside : {-1, 2}) EXPECT_FALSE(pad.RemovePhoneNumberAt(outside)) << outside;
+  EXPECT_TRUE(pad.RemovePhoneNumberAt(0));
+  ASSERT_EQ(pad.GetNumPhoneNumbers(), 1);
+  EXPECT_EQ(pad.GetPhoneNumberAt(0), CString("911"));
   pad.Delete();
+  EXPECT_EQ(pad.GetNumPhoneNumbers(), 0);
   EXPECT_EQ(0, pad.GetNumLids());
 
   CExtAddAgencyData data;
