@@ -30,7 +30,7 @@ TEST(Set, PositionRules) {
   CSet set;
   set.Add(Msg("A", 1));
   set.Add(Msg("B", 2));
-  set.InsertAt(5, Msg("C", 3));   // not a position: goes to the front
+  set.InsertAt(2, Msg("C", 3));   // the end is not a position: goes to the front
   set.InsertAt(-1, Msg("D", 4));  // likewise
   set.InsertAt(2, Msg("E", 5));   // before the element at 2
   ASSERT_EQ(set.GetSize(), 5);

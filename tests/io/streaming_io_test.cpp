@@ -159,6 +159,16 @@ TEST(StreamedJson, FaultsAreNamedByTheirPointer) {
   }
   std::istringstream truncated(good.dump().substr(0, 5000));
   EXPECT_EQ(StreamPersonalityJson(truncated), nullptr);
+  // Without its format or its version, a document is no personality document.
+  for (const char* key : {"format", "formatVersion"}) {
+    Json doc = good;
+    doc.erase(key);
+    std::istringstream in(doc.dump());
+    EXPECT_EQ(StreamPersonalityJson(in), nullptr) << key;
+    const std::string path = WriteTemp("unmarked.json", doc.dump());
+    EXPECT_THROW(ReadPersonalityJsonFile(path), CJsonImportException) << key;
+    std::remove(path.c_str());
+  }
 }
 
 // A personality document whose personality holds another in its option list, levels deep.

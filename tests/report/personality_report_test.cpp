@@ -9,9 +9,11 @@
 #include <persona/conventional/conv_set.h>
 #include <persona/options/lumo_opts.h>
 #include <persona/options/mosaic_opts.h>
+#include <persona/options/p25_wan_opts.h>
 #include <persona/report/merge_policy.h>
 #include <persona/report/personality_ops.h>
 #include <persona/report/personality_report.h>
+#include <persona/report/record_lines.h>
 #include <persona/systems/conv_system.h>
 #include <persona/systems/group_set.h>
 #include <persona/systems/p25_trk_system.h>
@@ -130,6 +132,29 @@ TEST(PersonalityReport, OwnedOptionRecordsPrintOnTheirOwnOnlyWithoutTheirOwner) 
   lines = Report(p);
   EXPECT_EQ(Count(lines, "CFENNOPTS RECORD:"), 0);
   EXPECT_EQ(Count(lines, "LUMO/FENN/COYLE Q9P OPTIONS:"), 1);
+}
+
+TEST(PersonalityReport, OwnedSubRecordsPrintByTheirPositionAndAnEmptyPlaceIsSkipped) {
+  CP25tWanOpts wans;
+  for (const char* name : {"ALPHA", "", "GAMMA"}) {
+    CP25TrkWan* wan = nullptr;
+    if (*name != 0) {
+      wan = new CP25TrkWan;
+      wan->SetNetworkName(name);
+      wan->SetSystemId(0xABC);
+    }
+    wans.AddWan(wan);
+  }
+  std::vector<std::string> printed;
+  for (const FieldLine& line : CollectFieldLines(wans, nullptr, 0)) {
+    printed.push_back(line.label + "=" + line.value + (line.wide ? " w" : ""));
+  }
+  // The count, then each record's fields under the list name and its position (the second place
+  // holds nothing); codes described as hexadecimal print so.
+  EXPECT_EQ(printed, (std::vector<std::string>{"Wans=3", "Wans 1 NetworkName=ALPHA w",
+                                               "Wans 1 NetworkAddr=0", "Wans 1 SystemId=ABC",
+                                               "Wans 3 NetworkName=GAMMA w", "Wans 3 NetworkAddr=0",
+                                               "Wans 3 SystemId=ABC"}));
 }
 
 TEST(PersonalityReport, EverySetKindHasItsHeadingAndEveryRecordIsPrinted) {
