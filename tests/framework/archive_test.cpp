@@ -467,6 +467,14 @@ TEST(ArchiveFiles, DiskAndMemoryFilesCarryTheSameBytesAndAMissingFileIsNamed) {
     EXPECT_TRUE(aborted.TakeStoredBytes().empty());
     EXPECT_EQ(untouched.GetSize(), 0u);
   }
+  {  // a memory file over borrowed bytes reads them and hands back a copy of them all
+    const BYTE borrowed[] = {7, 8, 9};
+    CMemFile view(borrowed, sizeof borrowed);
+    BYTE two[2] = {};
+    EXPECT_EQ(view.Read(two, 2), 2u);
+    EXPECT_EQ(view.Detach(), (std::vector<BYTE>{7, 8, 9}));
+    EXPECT_EQ(view.GetSize(), 0u);
+  }
   {  // one byte written is one byte held
     CMemFile one;
     one.Write("A", 1);

@@ -14,6 +14,7 @@
 #include <persona/options/status_message.h>
 #include <persona/options/status_opts.h>
 #include <persona/systems/esk_data.h>
+#include <persona/systems/plm_group_set.h>
 #include <persona/systems/trunk_set.h>
 #include "sample/sample_personality.h"
 
@@ -282,6 +283,19 @@ TEST(RecordDiff, RecordsWhoseFieldsLiveOutsideTheObjectCompareThroughTheirFieldT
   EXPECT_EQ(Lines(c, d),
             (std::vector<std::string>{
                 "changed sets/trunk/T/P/Code /Elements/0/Code 1 -> 2 [trunk elements f]"}));
+}
+
+TEST(RecordDiff, AFixedTableOfNumbersDiffersByAnyOfItsValues) {
+  CPlmGroup a;
+  CPlmGroup b;
+  for (int i = 0; i < 4; ++i) {
+    a.SetTone(i, static_cast<WORD>(i + 1));
+    b.SetTone(i, static_cast<WORD>(i + 1));
+  }
+  EXPECT_TRUE(Lines(a, b).empty());
+  b.SetTone(3, 9);
+  EXPECT_EQ(Lines(a, b),
+            (std::vector<std::string>{"changed Tone /Tone [1,2,3,4] -> [1,2,3,9] [records f]"}));
 }
 
 }  // namespace
