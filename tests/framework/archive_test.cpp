@@ -443,6 +443,7 @@ TEST(ArchiveFiles, DiskAndMemoryFilesCarryTheSameBytesAndAMissingFileIsNamed) {
   EXPECT_EQ(file.GetLength(), mem.GetSize());
   ar.Close();
   EXPECT_EQ(file.GetPosition(), file.GetLength());
+  EXPECT_EQ(file.GetFileName(), path.substr(path.rfind('/') + 1));
   EXPECT_EQ(file.Seek(3, CFile::begin), 3u);  // each origin, as on a memory file below
   EXPECT_EQ(file.Seek(-2, CFile::end), file.GetLength() - 2);
   EXPECT_EQ(file.Seek(1, CFile::current), file.GetLength() - 1);
@@ -474,6 +475,17 @@ TEST(ArchiveFiles, DiskAndMemoryFilesCarryTheSameBytesAndAMissingFileIsNamed) {
     EXPECT_EQ(view.Read(two, 2), 2u);
     EXPECT_EQ(view.Detach(), (std::vector<BYTE>{7, 8, 9}));
     EXPECT_EQ(view.GetSize(), 0u);
+  }
+  {  // raw reads take what is asked for while it lasts
+    const BYTE raw[] = {1, 2, 3};
+    CMemFile in(raw, sizeof raw);
+    CArchive ar(&in, CArchive::load);
+    BYTE got[4] = {};
+    EXPECT_EQ(ar.Read(got, 2), 2u);
+    EXPECT_EQ(ar.Read(got + 2, 2), 1u);
+    EXPECT_EQ(ar.Read(got, 1), 0u);
+    EXPECT_EQ(got[1], 2);
+    EXPECT_EQ(got[2], 3);
   }
   {  // one byte written is one byte held
     CMemFile one;

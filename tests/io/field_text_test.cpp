@@ -8,6 +8,8 @@
 #include <persona/options/alarm_opts.h>
 #include <persona/options/gen_radio_opts.h>
 #include <persona/options/p25_otar_opts.h>
+#include <persona/options/p25_wan_opts.h>
+#include <persona/options/scratch_pad_opts.h>
 #include <persona/personality/personality.h>
 #include <persona/systems/plm_group_set.h>
 
@@ -49,6 +51,10 @@ TEST(FieldText, CodedSwitchAndHexFieldsTakeWordsOrNumbers) {
   EXPECT_EQ(Get(alarm, "Alarm1Pattern"), "31");
   EXPECT_EQ(Get(alarm, "Alarm1Active"), "0");  // refusals changed nothing
   EXPECT_EQ(Get(alarm, "alarm1on"), "1");      // field names: any case when unambiguous
+  CP25TrkWan wan;  // a 16-bit hexadecimal code
+  SetFieldText(wan, "SystemId", "0xABC");
+  EXPECT_EQ(Get(wan, "SystemId", true), "0xABC");
+  EXPECT_EQ(Get(wan, "SystemId"), "2748");
 }
 
 TEST(FieldText, NumbersMustFitTheirField) {
@@ -94,6 +100,12 @@ TEST(FieldText, StringsKeepTheCodePageAndListsTheirEntries) {
     EXPECT_EQ(Get(p, malformed), "<none>") << malformed;
   }
   EXPECT_EQ(Refusal(p, "Name/1", "x"), "Name is not a list: it has no entries");
+  EXPECT_EQ(Get(p, "Name/1"), "<none>");
+  CScratchPadOpts pad;  // a list of strings: entries replaced or appended one past the end
+  SetFieldText(pad, "PhoneNumbers/1", "5550100");
+  SetFieldText(pad, "PhoneNumbers/2", "911");
+  SetFieldText(pad, "PhoneNumbers/1", "5550199");
+  EXPECT_EQ(Get(pad, "PhoneNumbers"), "5550199, 911");
 
   CPlmGroup group;
   SetFieldText(group, "Tone", "1,2,3,4");

@@ -18,6 +18,7 @@
 #include <persona/io/json/json_writer.h>
 #include <persona/io/json/personality_json.h>
 #include <persona/io/personality_file.h>
+#include <persona/options/gen_radio_opts.h>
 #include <persona/report/personality_report.h>
 #include "sample/sample_personality.h"
 #include "support/test_data.h"
@@ -90,6 +91,7 @@ std::string WriteTemp(const std::string& name, const std::string& text) {
 TEST(StreamedJson, ReadsBackTheSameBytesAndHandsOtherFormsToTheWholeReader) {
   std::unique_ptr<CPersonality> p = BuildSamplePersonality();
   p->SetTxMaxFreq(test::NanOfEveryHexDigit());
+  p->GetOption<CGenRadioOpts>()->SetMinEaLid(-5);  // a negative number
   const std::vector<BYTE> bytes = StorePersonalityBytes(*p);
   const std::string text = StreamedJson(*p);
   std::istringstream in(text);
