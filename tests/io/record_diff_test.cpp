@@ -11,6 +11,7 @@
 #include <persona/options/lumo_opts.h>
 #include <persona/options/macro.h>
 #include <persona/options/mosaic_opts.h>
+#include <persona/options/scratch_pad_opts.h>
 #include <persona/options/status_message.h>
 #include <persona/options/status_opts.h>
 #include <persona/systems/esk_data.h>
@@ -285,7 +286,7 @@ TEST(RecordDiff, RecordsWhoseFieldsLiveOutsideTheObjectCompareThroughTheirFieldT
                 "changed sets/trunk/T/P/Code /Elements/0/Code 1 -> 2 [trunk elements f]"}));
 }
 
-TEST(RecordDiff, AFixedTableOfNumbersDiffersByAnyOfItsValues) {
+TEST(RecordDiff, ListsAndTablesOfValuesDifferByAnyValueOrTheirLength) {
   CPlmGroup a;
   CPlmGroup b;
   for (int i = 0; i < 4; ++i) {
@@ -296,6 +297,23 @@ TEST(RecordDiff, AFixedTableOfNumbersDiffersByAnyOfItsValues) {
   b.SetTone(3, 9);
   EXPECT_EQ(Lines(a, b),
             (std::vector<std::string>{"changed Tone /Tone [1,2,3,4] -> [1,2,3,9] [records f]"}));
+  // A list of numbers and a list of strings one entry longer.
+  CPersonality c;
+  CPersonality d;
+  c.AddRadioType(101);
+  d.AddRadioType(101);
+  d.AddRadioType(102);
+  CScratchPadOpts e;
+  CScratchPadOpts f;
+  e.AddPhoneNumber("911");
+  f.AddPhoneNumber("911");
+  f.AddPhoneNumber("");
+  EXPECT_EQ(
+      Lines(c, d),
+      (std::vector<std::string>{"changed RadioTypes /RadioTypes [101] -> [101,102] [header f]"}));
+  EXPECT_EQ(Lines(e, f),
+            (std::vector<std::string>{
+                R"(changed PhoneNumbers /PhoneNumbers ["911"] -> ["911",""] [records f])"}));
 }
 
 }  // namespace
