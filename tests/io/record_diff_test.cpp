@@ -316,5 +316,37 @@ TEST(RecordDiff, ListsAndTablesOfValuesDifferByAnyValueOrTheirLength) {
                 R"(changed PhoneNumbers /PhoneNumbers ["911"] -> ["911",""] [records f])"}));
 }
 
+// A message list record holding one status message of the given name.
+CMessage* Messages(const char* name) {
+  auto* messages = new CMessage;
+  auto* m = new CStatusMessage;
+  m->SetName(name);
+  messages->AddMessage(m);
+  return messages;
+}
+
+TEST(RecordDiff, PositionalListsCompareRecordsWithListsOfTheirOwnAndEmptyPlaces) {
+  // A record inserted in front of an equal one that holds a list: the equal ends are set aside.
+  CSet a;
+  CSet b;
+  a.Add(Messages("ONE"));
+  b.Add(Messages("TWO"));
+  b.Add(Messages("ONE"));
+  const std::string messages = R"({"$class":"CMessage","Messages":[{"$clas)";
+  EXPECT_EQ(Lines(a, b), (std::vector<std::string>{"added sets/trunk//#1 /Elements/0  -> " +
+                                                   messages + " [trunk elements w]"}));
+  // An empty place against a record, and a record against an empty place.
+  CSet c;
+  CSet d;
+  c.Add(Messages("ONE"));
+  c.Add(nullptr);
+  d.Add(nullptr);
+  d.Add(Messages("ONE"));
+  EXPECT_EQ(Lines(c, d),
+            (std::vector<std::string>{
+                "changed sets/trunk//#1 /Elements/0 " + messages + " -> null [trunk elements w]",
+                "changed sets/trunk//#2 /Elements/1 null -> " + messages + " [trunk elements w]"}));
+}
+
 }  // namespace
 }  // namespace persona
