@@ -207,12 +207,18 @@ TEST(FileIo, ALinkIsFollowedAndTheReplacedFileKeepsItsMode) {
       EXPECT_FALSE(S_ISREG(ModeOf(end)));
     }
   }
+  // A link whose target is longer than a first guess at its length.
+  std::string far;
+  for (int i = 0; i < 150; ++i) far += "./";
+  ASSERT_EQ(symlink((far + "later.pers").c_str(), (dir + "/long.pers").c_str()), 0);
+  WriteFileAtomically(dir + "/long.pers", {7});
+  EXPECT_EQ(ReadWholeFile(dir + "/later.pers"), std::vector<BYTE>{7});
   // A name as long as a folder entry may be still gets a temporary name that fits.
   const std::string longName = dir + "/" + std::string(250, 'n') + ".pers";
   WriteFileAtomically(longName, {5});
   EXPECT_EQ(Entries(dir), (std::vector<std::string>{"dangling", "later.pers", "link.pers",
-                                                    std::string(250, 'n') + ".pers", "real.pers",
-                                                    "real.pers.bak"}));
+                                                    "long.pers", std::string(250, 'n') + ".pers",
+                                                    "real.pers", "real.pers.bak"}));
 }
 
 TEST(FileIo, DevicesAndFifosAreWrittenInPlaceFoldersRefused) {

@@ -193,6 +193,8 @@ TEST(SetUse, EachSystemKindNamesExactlyItsOwnLists) {
     odd.SetSysType(kind);
     EXPECT_EQ("...........", ListsNamed(odd)) << odd.GetClassName() << " as kind " << kind;
   }
+  conv.SetSysType(static_cast<SystemType>(9));  // no kind of system
+  EXPECT_EQ("...........", ListsNamed(conv));
 }
 
 TEST(SetUse, RadioTypesKeepTheSystemKindsTheyRun) {

@@ -244,5 +244,16 @@ TEST(OptionLists, ReportLinesAtRoundingAndSpecialValues) {
   EXPECT_EQ("Individual RSI: 1234567   ", o[4].str());
 }
 
+TEST(OptionLists, OtarOptionsAssignEveryFieldAndIgnoreThemselves) {
+  CP25OtarOpts a;
+  test::FillFields(a, 3);
+  CP25OtarOpts b;
+  b = a;
+  EXPECT_EQ(test::DumpFields(b), test::DumpFields(a));
+  CP25OtarOpts& same = b;
+  b = same;
+  EXPECT_EQ(test::DumpFields(b), test::DumpFields(a));
+}
+
 }  // namespace
 }  // namespace persona

@@ -165,7 +165,8 @@ TEST(GlobalSets, ReadSetOverloadsCheckClassAndType) {
   std::unique_ptr<CConvSet> read(conv);
   EXPECT_EQ(read->GetName(), "FIRE");
   EXPECT_EQ(SetFitsBand(*read, 806.0, 825.0, 850.0, 870.0), 1);
-  EXPECT_EQ(SetFitsBand(*read, 811.0, 825.0, 850.0, 870.0), 0);  // below the Tx minimum
+  EXPECT_EQ(SetFitsBand(*read, 811.0, 825.0, 850.0, 870.0), 0);        // below the Tx minimum
+  EXPECT_EQ(SetFitsBand(CPhoneSet(), 811.0, 825.0, 850.0, 870.0), 1);  // no frequencies: fits
 }
 
 // A refresh takes each global set's file (found in any letter case, the folder listed once
