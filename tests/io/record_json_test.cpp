@@ -23,7 +23,8 @@
 namespace persona {
 namespace {
 
-// A record that refers to key records it does not own, as trunk and group sets do.
+// A record that refers to key records it does not own, as trunk and group sets do, and to
+// shared records of any class.
 class CKeyHolder : public CObject {
   DECLARE_SERIAL(CKeyHolder)
  public:
@@ -32,6 +33,7 @@ class CKeyHolder : public CObject {
   CString m_Name;
   double m_Freq = 0.0;
   WORD m_Tone[2] = {0, 0};
+  CObList m_Any{RUNTIME_CLASS(CObject)};
   CObList m_Keys{RUNTIME_CLASS(CEskData)};
   void Serialize(CArchive& ar) override { SerializeFields(ar, *this); }
   template <class V>
@@ -39,6 +41,7 @@ class CKeyHolder : public CObject {
     v("Name", m_Name);
     v("Freq", m_Freq);
     v("Tone", m_Tone);
+    v("Any", m_Any);
     v("Keys", m_Keys);
   }
   PERSONA_FIELDS(CObject)
@@ -127,6 +130,9 @@ TEST_F(RecordJson, DocumentsThatDescribeNoValidRecordsFailWithTheirPointer) {
        "/Elements/0/Keys/0", "names no record"},
       {R"({"$class":"CSet","Elements":[{"$class":"CKeyHolder","Keys":[{"$class":"CMacro"}]}]})",
        "/Elements/0/Keys/0", "a CMacro where a CEskData is expected"},
+      {R"({"$class":"CSet","Elements":[{"$class":"CKeyHolder","Any":[{"$class":"CMacro","$id":1}],)"
+       R"("Keys":[{"$ref":1}]}]})",
+       "/Elements/0/Keys/0", "a reference to a CMacro where a CEskData is expected"},
       {R"({"$class":"CSet","Elements":[{"$class":"CKeyHolder","Tone":[1]}]})", "/Elements/0/Tone",
        "expected 2 values"},
       {R"({"$class":"CSet","Elements":[{"$class":"CKeyHolder","Freq":{"$f64":"xyz"}}]})",
