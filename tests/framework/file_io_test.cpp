@@ -98,8 +98,12 @@ TEST(FileIo, StreamedWritesCommitOrLeaveTheOriginal) {
   failing = AtomicFileWriter(path, {true, nullptr});
   EXPECT_EQ(Entries(dir).size(), 2u);
   EXPECT_EQ(ReadWholeFile(path), original);
-  for (BYTE b : {1, 2, 3}) failing.Write(&b, 1);
-  failing.Commit();
+  for (BYTE b : {1, 2}) failing.Write(&b, 1);
+  AtomicFileWriter moved(std::move(failing));  // the write in progress goes with the writer
+  const BYTE three = 3;
+  moved.Write(&three, 1);
+  moved.Commit();
+  failing = std::move(moved);
   failing.Commit();
   EXPECT_THROW(failing.Write(block.data(), 1), CFileException);
   EXPECT_EQ(ReadWholeFile(path), (std::vector<BYTE>{1, 2, 3}));
