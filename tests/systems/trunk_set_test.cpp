@@ -275,5 +275,21 @@ TEST(TrunkSet, FrequencyCheckEdges) {
   EXPECT_EQ(0, two.CheckFrequencyRange(806.0, 0.0, 851.0, 870.0));
 }
 
+TEST(TrunkSet, ReportNamesControlChannelLimitsByTheirStepAndLargerOnesByNumber) {
+  CTrunkSet set;
+  const std::pair<WORD, std::string> limits[] = {{0, "All     "},  {7, "First 5 "},
+                                                 {19, "First 15"}, {20, "20      "},
+                                                 {24, "24      "}, {300, "300     "}};
+  for (const auto& [limit, word] : limits) {
+    set.SetCCLimit(limit);
+    CStringArray out;
+    set.printToBuffer(out, 1);
+    ASSERT_GE(out.GetSize(), 2);
+    EXPECT_EQ(out[1].str(), std::string(18, ' ') + "CC Limits         - " + word +
+                                "     Send NB Unkey Mess - Off")
+        << limit;
+  }
+}
+
 }  // namespace
 }  // namespace persona
