@@ -275,6 +275,8 @@ TEST(References, RefusedOperationsChangeNothing) {
   // A rename to the same name is no change at all.
   EXPECT_EQ(RenameSystem(*p, "T1", "T1"), 0);
   EXPECT_EQ(RenameSet(*p, GroupSetType, "GRP", "GRP"), 0);
+  EXPECT_EQ(RenameChannel(*p, ConvSetType, "CONV", "CH1", "CH1"), 0);
+  EXPECT_EQ(RenameGroup(*p, GroupSetType, "GRP", "G1", "G1"), 0);
   EXPECT_EQ(RenameChannel(*p, ConvSetType, "CONV", "ch1", "X"), -1);  // channel names are exact
   EXPECT_EQ(RenameChannel(*p, ConvSetType, "CONV", "CH1", "CH2"), -1);
   EXPECT_EQ(RenameChannel(*p, GroupSetType, "GRP", "G1", "X"), -1);  // groups are not channels
