@@ -51,7 +51,7 @@ TEST(FieldText, CodedSwitchAndHexFieldsTakeWordsOrNumbers) {
   EXPECT_EQ(Get(alarm, "Alarm1Pattern"), "31");
   EXPECT_EQ(Get(alarm, "Alarm1Active"), "0");  // refusals changed nothing
   EXPECT_EQ(Get(alarm, "alarm1on"), "1");      // field names: any case when unambiguous
-  CP25TrkWan wan;  // a 16-bit hexadecimal code
+  CP25TrkWan wan;                              // a 16-bit hexadecimal code
   SetFieldText(wan, "SystemId", "0xABC");
   EXPECT_EQ(Get(wan, "SystemId", true), "0xABC");
   EXPECT_EQ(Get(wan, "SystemId"), "2748");
