@@ -15,8 +15,14 @@ bool g_metering = false;
 long long g_current = 0;
 long long g_peak = 0;
 
-void* Allocate(std::size_t size) {
-  void* p = std::malloc(size == 0 ? 1 : size);
+// alignment 0: the heap's own.
+void* Allocate(std::size_t size, std::size_t alignment = 0) {
+  void* p = nullptr;
+  if (alignment == 0) {
+    p = std::malloc(size == 0 ? 1 : size);
+  } else if (posix_memalign(&p, alignment, size == 0 ? 1 : size) != 0) {
+    p = nullptr;
+  }
   if (p == nullptr) throw std::bad_alloc();
   if (g_metering) {
     g_current += static_cast<long long>(malloc_usable_size(p));
@@ -64,3 +70,9 @@ void operator delete(void* p) noexcept { persona::bench::Free(p); }
 void operator delete[](void* p) noexcept { persona::bench::Free(p); }
 void operator delete(void* p, std::size_t) noexcept { persona::bench::Free(p); }
 void operator delete[](void* p, std::size_t) noexcept { persona::bench::Free(p); }
+// The record pool's slabs are aligned on their size.
+void* operator new(std::size_t size, std::align_val_t a) {
+  return persona::bench::Allocate(size, static_cast<std::size_t>(a));
+}
+void operator delete(void* p, std::align_val_t) noexcept { persona::bench::Free(p); }
+void operator delete(void* p, std::size_t, std::align_val_t) noexcept { persona::bench::Free(p); }

@@ -1,10 +1,16 @@
 // Where records live: a block of any size, pooled or not, holds its bytes apart from every other
-// block, with the heap's alignment, and can be freed and taken again.
+// block, with the heap's alignment, and can be freed and taken again; pooled, blocks freed in any
+// order are taken again from few slabs, an emptied slab serves any size, and a block deleted on
+// another thread is not lost.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <random>
+#include <set>
+#include <thread>
 #include <vector>
 
 #include <persona/framework/object.h>
@@ -51,6 +57,60 @@ TEST(RecordAllocation, BlocksOfEverySizeKeepTheirBytesApartAndAreTakenAgainAfter
     for (const Block& b : blocks) CObject::operator delete(b.at, b.size);
   }
 }
+
+#if PERSONA_RECORD_POOL
+
+std::vector<void*> TakeMany(std::size_t n, std::size_t size) {
+  std::vector<void*> blocks(n);
+  for (void*& p : blocks) p = CObject::operator new(size);
+  return blocks;
+}
+
+void GiveAll(const std::vector<void*>& blocks, std::size_t size) {
+  for (void* p : blocks) CObject::operator delete(p, size);
+}
+
+// The 64 KB slabs that blocks lie in.
+std::set<std::uintptr_t> SlabsOf(const std::vector<void*>& blocks) {
+  std::set<std::uintptr_t> slabs;
+  for (void* p : blocks)
+    slabs.insert(reinterpret_cast<std::uintptr_t>(p) & ~std::uintptr_t{0xFFFF});
+  return slabs;
+}
+
+TEST(RecordPool, BlocksFreedInShuffledOrderAreTakenAgainFromOneSlabAtATime) {
+  std::vector<void*> blocks = TakeMany(20000, 64);
+  std::shuffle(blocks.begin(), blocks.end(), std::mt19937(7));
+  GiveAll(blocks, 64);
+  const std::vector<void*> again = TakeMany(1000, 64);
+  EXPECT_LE(SlabsOf(again).size(), 2U);
+  GiveAll(again, 64);
+}
+
+TEST(RecordPool, SlabsWhoseBlocksAllCameBackServeAnotherSize) {
+  const std::vector<void*> small = TakeMany(5000, 48);
+  const std::set<std::uintptr_t> emptied = SlabsOf(small);
+  GiveAll(small, 48);
+  const std::vector<void*> large = TakeMany(5000, 304);
+  std::size_t reused = 0;
+  for (std::uintptr_t slab : SlabsOf(large)) reused += emptied.count(slab);
+  GiveAll(large, 304);
+  // All but the small size's current slab, which keeps serving that size.
+  EXPECT_EQ(reused, emptied.size() - 1);
+}
+
+TEST(RecordPool, ABlockDeletedOnAnotherThreadServesThatThreadsNextBlockOfItsSize) {
+  void* block = CObject::operator new(80);
+  void* next = nullptr;
+  std::thread([&] {
+    CObject::operator delete(block, 80);
+    next = CObject::operator new(80);
+    CObject::operator delete(next, 80);
+  }).join();
+  EXPECT_EQ(next, block);
+}
+
+#endif
 
 }  // namespace
 }  // namespace persona
