@@ -29,6 +29,7 @@ constexpr std::size_t kStep = 16;
 constexpr std::size_t kLargest = 512;
 constexpr std::size_t kClasses = kLargest / kStep + 1;
 constexpr std::size_t kSlabBytes = 64 * 1024;
+constexpr std::size_t kChunkSlabs = 16;
 static_assert(alignof(std::max_align_t) <= kStep, "pooled objects keep the heap's alignment");
 
 struct FreeBlock {
@@ -146,10 +147,25 @@ class RecordPool {
     if (raw != nullptr) {
       m_empty = m_empty->next;
     } else {
-      raw = ::operator new (kSlabBytes, std::align_val_t{kSlabBytes});
+      raw = NewSlabMemory();
     }
     char* const blocks = static_cast<char*>(raw) + kHeadBytes;
     return new (raw) Slab{this, c, 0, nullptr, blocks, nullptr, nullptr, false};
+  }
+
+  // Slabs are cut from aligned chunks of kChunkSlabs: one aligned heap block per slab would
+  // leave a gap before each, whose free-block bookkeeping keeps a page of every gap resident.
+  // Throws std::bad_alloc.
+  void* NewSlabMemory() {
+    if (m_chunkSlabsLeft == 0) {
+      m_chunk = static_cast<char*>(
+          ::operator new (kChunkSlabs* kSlabBytes, std::align_val_t{kSlabBytes}));
+      m_chunkSlabsLeft = kChunkSlabs;
+    }
+    --m_chunkSlabsLeft;
+    void* slab = m_chunk;
+    m_chunk += kSlabBytes;
+    return slab;
   }
 
   static void List(SizeClass& k, Slab* s) {
@@ -173,6 +189,8 @@ class RecordPool {
 
   SizeClass m_classes[kClasses];
   Slab* m_empty = nullptr;
+  char* m_chunk = nullptr;  // the next uncut slab of the current chunk
+  std::size_t m_chunkSlabsLeft = 0;
 };
 
 // Pools of threads that have ended, waiting for a thread to adopt them.
