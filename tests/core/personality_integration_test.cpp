@@ -19,84 +19,34 @@
 #include <persona/systems/trunk_set.h>
 #include <persona/systems/trunk_system.h>
 #include "support/record_testing.h"
+#include "support/rich_personality.h"
 #include "support/test_data.h"
 
 namespace persona {
 namespace {
 
-const char* const kElementClasses[kNumSetTypes] = {
-    "CTrunkChannel", "CConvChannel", "CGroup",          "CPhoneCall", "CICall",      "CSpCall",
-    "CPlmGroup",     "CPlmSpCall",   "CP25ConvChannel", "CP25Group",  "CExtAddGroup"};
-
-// A set of list type t made by the list's class, named and holding two filled elements.
-CSet* MakeSet(SetType t, const char* name, int seed) {
-  auto* set = static_cast<CSet*>(CPersonality::SetClassOf(t)->CreateObject());
-  set->SetName(name);
-  for (int i = 0; i < 2; ++i) {
-    CObject* element = CRuntimeClass::FromName(kElementClasses[t])->CreateObject();
-    test::FillFields(*element, seed * 10 + i);
-    set->Add(element);
-  }
-  return set;
-}
-
-std::unique_ptr<CPersonality> RichPersonality(CEskData** sharedKey) {
-  auto p = std::make_unique<CPersonality>(101, 0);
-  p->SetName("Rich");
-  p->SetTxMinFreq(806.0);
-  p->SetTxMaxFreq(869.0);
-  p->SetRxMinFreq(851.0);
-  p->SetRxMaxFreq(870.0);
-  for (int t = 0; t < kNumSetTypes; ++t) {
-    p->AddSet(MakeSet(static_cast<SetType>(t), "FIRE", t + 1), static_cast<SetType>(t));
-    p->AddSet(MakeSet(static_cast<SetType>(t), "Police", t + 20), static_cast<SetType>(t));
-  }
-  for (const char* cls : {"CTrunkSystem", "CConvSystem", "CPlmSystem", "CP25ConvSystem",
-                          "CExtAddSystem", "CP25TrkSystem"}) {
-    CObject* system = CRuntimeClass::FromName(cls)->CreateObject();
-    test::FillFields(*system, 3);
-    p->AddSystem(static_cast<CSystem*>(system));
-  }
-  auto* general = new CGenRadioOpts(101, 0);
-  general->SetHomeSystem("North");
-  p->PutOption(general);
-  p->PutOption(new CSupervisoryOpts(101, 0));
-  // One key record named by a trunk set and a group set.
-  CObList keys;
-  p->GetSharedEskList(keys);  // none yet: systems hold filled, arbitrary keys
-  std::vector<std::unique_ptr<CObject>> own;
-  auto key = std::make_unique<CEskData>();
-  key->SetEskId("K1");
-  key->SetEsk(42);
-  *sharedKey = key.get();
-  own.push_back(std::move(key));
-  p->AdoptSharedRecords(std::move(own));
-  static_cast<CTrunkSet*>(p->GetSetAt(0, TrunkSetType))->AddEsk(*sharedKey);
-  static_cast<CGroupSet*>(p->GetSetAt(1, GroupSetType))->AddEsk(*sharedKey);
-  return p;
-}
-
 TEST(PersonalityIntegration, RichPersonalityRoundTripsByteForByte) {
-  CEskData* key = nullptr;
-  std::unique_ptr<CPersonality> p = RichPersonality(&key);
+  std::unique_ptr<CPersonality> p = test::RichPersonality(3, false);
   const std::vector<BYTE> first = StorePersonalityBytes(*p);
   LoadedPersonality loaded = LoadPersonalityBytes(first.data(), first.size(), "rich.pers");
   EXPECT_EQ(loaded.trailingBytes, 0u);
   EXPECT_EQ(test::Hex(StorePersonalityBytes(*loaded.personality)), test::Hex(first));
   EXPECT_EQ(test::DumpFields(*loaded.personality), test::DumpFields(*p));
   for (int t = 0; t < kNumSetTypes; ++t) {
-    ASSERT_EQ(loaded.personality->GetNumSets(static_cast<SetType>(t)), 2) << t;
-    EXPECT_EQ(loaded.personality->GetSetAt(1, static_cast<SetType>(t))->GetSize(), 2) << t;
+    ASSERT_EQ(loaded.personality->GetNumSets(static_cast<SetType>(t)), 1) << t;
+    EXPECT_EQ(loaded.personality->GetSetAt(0, static_cast<SetType>(t))->GetSize(), 2) << t;
   }
   auto* trunk = static_cast<CTrunkSet*>(loaded.personality->GetSetAt(0, TrunkSetType));
-  auto* group = static_cast<CGroupSet*>(loaded.personality->GetSetAt(1, GroupSetType));
-  ASSERT_EQ(trunk->GetNumEsks(), 1);
-  EXPECT_EQ(trunk->GetEskAt(0), group->GetEskAt(0));  // one record, shared again
-  EXPECT_EQ(trunk->GetEskAt(0)->GetEsk(), 42);
+  auto* group = static_cast<CGroupSet*>(loaded.personality->GetSetAt(0, GroupSetType));
+  const CString keyId =
+      static_cast<CTrunkSet*>(p->GetSetAt(0, TrunkSetType))->GetEskAt(1)->GetEskId();
+  ASSERT_EQ(trunk->GetNumEsks(), 2);
+  EXPECT_EQ(trunk->GetEskAt(1), group->GetEskAt(1));  // one record, shared again
+  EXPECT_EQ(trunk->GetEskAt(1)->GetEskId(), keyId);
   // The loaded personality outlives the archive: the shared key is still valid after a delete
   // of one of the sets that names it.
   loaded.personality->DeleteSetAt(0, TrunkSetType);
-  EXPECT_EQ(group->GetEskAt(0)->GetEskId(), "K1");
+  EXPECT_EQ(group->GetEskAt(1)->GetEskId(), keyId);
   // Every truncation of the file fails with an archive fault (no crash, no leak).
   for (std::size_t size = 0; size < first.size(); ++size) {
     EXPECT_THROW(LoadPersonalityBytes(first.data(), size, "cut.pers"), CArchiveException) << size;
@@ -104,17 +54,17 @@ TEST(PersonalityIntegration, RichPersonalityRoundTripsByteForByte) {
 }
 
 TEST(PersonalityIntegration, CopiesCarryEverySetClass) {
-  CEskData* key = nullptr;
-  std::unique_ptr<CPersonality> p = RichPersonality(&key);
+  std::unique_ptr<CPersonality> p = test::RichPersonality(3, false);
+  for (int i = p->GetNumSystems() - 1; i >= 0; --i) {  // a copy leaves plain systems behind
+    if (p->GetSystemAt(i)->GetRuntimeClass() == RUNTIME_CLASS(CSystem)) p->DeleteSystemAt(i);
+  }
   auto* special = static_cast<CSpCallSet*>(p->GetSetAt(0, SpCallSetType));
   special->SetLidLow(100);
   special->SetLidHigh(200);
   // A conventional set's copy takes its Type 99 with-CG switch from the source's DTMF switch;
   // make them agree so that the copy equals the source everywhere.
-  for (int i = 0; i < p->GetNumCnvSets(); ++i) {
-    auto* conv = static_cast<CConvSet*>(p->GetSetAt(i, ConvSetType));
-    conv->SetT99wcg(conv->GetDtmf());
-  }
+  auto* conv = static_cast<CConvSet*>(p->GetSetAt(0, ConvSetType));
+  conv->SetT99wcg(conv->GetDtmf());
   CPersonality copy(*p);
   EXPECT_EQ(test::DumpFields(copy), test::DumpFields(*p));
   auto* copied = static_cast<CSpCallSet*>(copy.GetSetAt(0, SpCallSetType));
@@ -124,11 +74,11 @@ TEST(PersonalityIntegration, CopiesCarryEverySetClass) {
   EXPECT_EQ(test::Hex(StorePersonalityBytes(copy)), test::Hex(StorePersonalityBytes(*p)));
 
   CPersonality target;
-  target.AddSet(MakeSet(TrunkSetType, "Old1", 1), TrunkSetType);
-  target.AddSet(MakeSet(TrunkSetType, "Old2", 2), TrunkSetType);
+  target.AddSet(test::FilledSet(TrunkSetType, "Old1", 2, 1).release(), TrunkSetType);
+  target.AddSet(test::FilledSet(TrunkSetType, "Old2", 2, 2).release(), TrunkSetType);
   target = p.get();
-  EXPECT_EQ(target.GetNumTrkSets(), 2);  // emptied first, then the two copies
-  EXPECT_EQ(target.GetSetAt(0, TrunkSetType)->GetName(), "FIRE");
+  EXPECT_EQ(target.GetNumTrkSets(), 1);  // emptied first, then the copy
+  EXPECT_EQ(target.GetSetAt(0, TrunkSetType)->GetName(), "S0");
 }
 
 TEST(PersonalityIntegration, LoadRepairsReachOptionsAndTrunkSets) {

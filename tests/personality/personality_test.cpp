@@ -154,31 +154,6 @@ void AddOneSystemOfEachKind(CPersonality& p) {
   }
 }
 
-TEST(PersonalityRoundTrip, RichPersonalityStoresLoadsAndStoresAgainByteForByte) {
-  CPersonality p(88, 0);
-  test::FillFields(p, 3);
-  AddOneSystemOfEachKind(p);
-  p.SetVersion(20);  // a filled version below 17 would be repaired on load
-  auto* status = new CStatusMessage;
-  status->SetName("Busy");
-  status->SetId(4);
-  p.PutOption(status);
-  const std::vector<BYTE> bytes = test::ExpectRoundTrip(p);
-
-  auto loaded = LoadAs<CPersonality>(bytes);
-  ASSERT_EQ(loaded->GetNumSystems(), 6);
-  // Spot checks through the accessors, beyond the generic field comparison.
-  auto* plm = static_cast<CPlmSystem*>(loaded->GetSystemAt(0, PlmSystemType));
-  ASSERT_NE(plm, nullptr);
-  EXPECT_EQ(plm->GetSpCallTone(3), static_cast<CPlmSystem*>(p.GetSystemAt(2))->GetSpCallTone(3));
-  auto* trunked = static_cast<CTrunkSystem*>(loaded->GetSystemAt(0));
-  EXPECT_EQ(trunked->GetESK(), static_cast<CTrunkSystem*>(p.GetSystemAt(0))->GetESK());
-  EXPECT_EQ(trunked->CSystem::GetESK(), p.GetSystemAt(0)->CSystem::GetESK());
-  EXPECT_NE(trunked->GetESK(), trunked->CSystem::GetESK());
-  EXPECT_EQ(
-      static_cast<CStatusMessage*>(loaded->FindOption(RUNTIME_CLASS(CStatusMessage)))->GetId(), 4);
-}
-
 // An option record that refers to key records without owning them, as set key lists do.
 class KeyHolder : public CSerial {
   DECLARE_SERIAL(KeyHolder)

@@ -46,37 +46,6 @@ void FillSite(CTrunkSet& set) {
   set.SetUnkeyMess(1);
 }
 
-TEST(TrunkSet, StoresTheDocumentedLayout) {
-  CEskData key;
-  key.SetEskId("K1");
-  key.SetEsk(7);
-  CTrunkSet set;
-  FillSite(set);
-  CTrunkChannel* ch = MakeChannel(851.0125, 806.0125, 3, 1, 2, 1);
-  ch->Set4800Baud(1);
-  set.Add(ch);
-  set.AddEsk(&key);
-
-  // clang-format off
-  const auto expected = Bytes()
-      .NewClass("CTrunkSet", 3)
-      .Count(1)                                        // the channel list
-      .NewClass("CTrunkChannel", 3)
-      .F64(851.0125).F64(806.0125).U16(3).U8(1).U16(2)  // frequencies, OscShift, OsOpt, Type
-      .U8(1).U8(1)                                     // 4800Baud, Npspac
-      .Str("SITE1").U8(0).U8(0)                        // name, set type, scope
-      .F64(806.0).F64(825.0).F64(851.0).F64(870.0)     // TxMin, TxMax, RxMin, RxMax
-      .U8(1).U16(0x0102).U16(10).U16(20)               // Power, SiteId, CCLimit, MaxChan
-      .U8(1).U8(1).U8(1)                               // BandWidth, PreAmp, UnkeyMess
-      .Count(1)                                        // the key list
-      .NewClass("CEskData", 1).Str("K1").U32(7)
-      .U8(0)                                           // BaudRate, last
-      .bytes();
-  // clang-format on
-  EXPECT_EQ(Hex(expected), Hex(test::StoreObject(&set)));
-  test::ExpectRoundTrip(set);
-}
-
 TEST(TrunkSet, LoadsOlderSchemasWithLaterFieldsAtTheirDefaults) {
   // Schema 1: channels without 4800Baud and Npspac, no key list, no baud rate; a band width
   // of 5 is repaired to 0.
