@@ -18,6 +18,7 @@
 #include <persona/io/json/personality_json.h>
 #include <persona/io/personality_file.h>
 #include <persona/personality/personality.h>
+#include "support/record_testing.h"
 #include "support/rich_personality.h"
 
 using namespace persona;
@@ -58,31 +59,6 @@ std::string DictEscape(const std::string& bytes) {
   return "\"" + out + "\"";
 }
 
-// Field names of every record class, as the JSON form spells them.
-class FieldNameCollector : public CFieldVisitor {
- public:
-  explicit FieldNameCollector(std::set<std::string>& names) : m_names(names) {}
-#define PERSONA_COLLECT(T) \
-  void Field(const FieldInfo& f, T&) override { m_names.insert(f.name); }
-  PERSONA_COLLECT(bool)
-  PERSONA_COLLECT(BYTE)
-  PERSONA_COLLECT(WORD)
-  PERSONA_COLLECT(short)
-  PERSONA_COLLECT(DWORD)
-  PERSONA_COLLECT(LONG)
-  PERSONA_COLLECT(double)
-  PERSONA_COLLECT(CString)
-  PERSONA_COLLECT(CStringArray)
-  PERSONA_COLLECT(CWordArray)
-  PERSONA_COLLECT(COwnedObList)
-  PERSONA_COLLECT(CObList)
-#undef PERSONA_COLLECT
-  void Field(const FieldInfo& f, WORD*, std::size_t) override { m_names.insert(f.name); }
-
- private:
-  std::set<std::string>& m_names;
-};
-
 void WriteDictionaries(const std::string& dir) {
   std::string archive =
       "# Registered record classes, as new-class tags and as bare names.\n"
@@ -105,8 +81,7 @@ void WriteDictionaries(const std::string& dir) {
     json += DictEscape("\"" + name + "\"") + "\n";
     if (cls->m_pfnCreateObject != nullptr) {
       std::unique_ptr<CObject> obj(cls->CreateObject());
-      FieldNameCollector collector(fields);
-      obj->VisitFields(collector);
+      for (const std::string& field : test::FieldNames(*obj)) fields.insert(field);
     }
   }
   for (const std::string& field : fields) json += DictEscape("\"" + field + "\":") + "\n";

@@ -8,6 +8,7 @@
 #include <map>
 #include <set>
 #include <sstream>
+#include <type_traits>
 
 #include <persona/conventional/conv_set.h>
 #include <persona/integrity/name_refs.h>
@@ -20,6 +21,7 @@
 #include <persona/report/personality_ops.h>
 #include <persona/systems/system.h>
 #include "integrity/sample_personality.h"
+#include "support/record_testing.h"
 
 namespace persona {
 namespace {
@@ -27,59 +29,38 @@ namespace {
 using test::GetText;
 using test::SamplePersonality;
 
-// Every described field of every record below the personality, keyed by record and field.
+// Every described field of every record at or below rec, keyed by record and field.
 using Key = std::pair<const CObject*, std::string>;
-class Snapshot : public CFieldVisitor {
- public:
-  std::map<Key, std::string> values;
-
-  void Take(CObject& rec) {
-    const CObject* saved = m_rec;
-    m_rec = &rec;
-    rec.VisitFields(*this);
-    m_rec = saved;
-  }
-  template <class T>
-  void Put(const FieldInfo& f, const T& v) {
+void Snapshot(CObject& rec, std::map<Key, std::string>& out) {
+  test::ForEachField(rec, [&](const FieldInfo& f, auto&& v) {
+    using T = std::decay_t<decltype(v)>;
     std::ostringstream s;
-    s << v;
-    values[{m_rec, f.name}] = s.str();
-  }
-  void Field(const FieldInfo& f, bool& v) override { Put(f, v); }
-  void Field(const FieldInfo& f, BYTE& v) override { Put(f, int{v}); }
-  void Field(const FieldInfo& f, WORD& v) override { Put(f, v); }
-  void Field(const FieldInfo& f, short& v) override { Put(f, v); }
-  void Field(const FieldInfo& f, DWORD& v) override { Put(f, v); }
-  void Field(const FieldInfo& f, LONG& v) override { Put(f, v); }
-  void Field(const FieldInfo& f, double& v) override { Put(f, v); }
-  void Field(const FieldInfo& f, CString& v) override { Put(f, v.str()); }
-  void Field(const FieldInfo& f, CStringArray& v) override {
-    std::string joined;
-    for (const CString& s : v) joined += (joined.empty() ? "" : ",") + s.str();
-    Put(f, joined);
-  }
-  void Field(const FieldInfo& f, CWordArray& v) override { Put(f, v.GetSize()); }
-  void Field(const FieldInfo& f, WORD* v, std::size_t n) override {
-    std::string all;
-    for (std::size_t i = 0; i < n; ++i) all += std::to_string(v[i]) + " ";
-    Put(f, all);
-  }
-  void Field(const FieldInfo& f, COwnedObList& v) override {
-    Put(f, v.GetCount());
-    for (CObject* child : v) {
-      if (child != nullptr) Take(*child);
+    if constexpr (std::is_same_v<T, COwnedObList> || std::is_same_v<T, CObList>) {
+      s << v.GetCount();
+      if constexpr (std::is_same_v<T, COwnedObList>) {
+        for (CObject* child : v) {
+          if (child != nullptr) Snapshot(*child, out);
+        }
+      }
+    } else if constexpr (std::is_same_v<T, CStringArray>) {
+      for (const CString& item : v) s << item.str() << ',';
+    } else if constexpr (std::is_same_v<T, CWordArray>) {
+      s << v.GetSize();
+    } else if constexpr (std::is_same_v<T, test::WordRow>) {
+      for (std::size_t i = 0; i < v.count; ++i) s << v.values[i] << ' ';
+    } else if constexpr (std::is_same_v<T, CString>) {
+      s << v.str();
+    } else {
+      s << +v;
     }
-  }
-  void Field(const FieldInfo& f, CObList& v) override { Put(f, v.GetCount()); }
-
- private:
-  const CObject* m_rec = nullptr;
-};
+    out[{&rec, f.name}] = s.str();
+  });
+}
 
 std::map<Key, std::string> Take(CPersonality& p) {
-  Snapshot s;
-  s.Take(p);
-  return s.values;
+  std::map<Key, std::string> values;
+  Snapshot(p, values);
+  return values;
 }
 
 // Where a name field lives: a record of the sample found by a lookup, and the field.
@@ -205,9 +186,9 @@ std::vector<Row> Rows() {
 
 // Every record at or below rec.
 void Below(CObject& rec, std::set<const CObject*>& out) {
-  Snapshot s;
-  s.Take(rec);
-  for (const auto& [key, value] : s.values) out.insert(key.first);
+  std::map<Key, std::string> values;
+  Snapshot(rec, values);
+  for (const auto& [key, value] : values) out.insert(key.first);
 }
 
 TEST(References, EveryNameFieldFollowsRenamesAndDeletions) {
