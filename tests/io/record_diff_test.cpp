@@ -72,6 +72,11 @@ TEST(RecordDiff, PersonalitiesByNameClassAndPositionWithRenames) {
                 R"(removed options/CGenRadioOpts /Options/0 {"$class":"CGenRadioOpts","LowMicAudio)"
                 R"(": ->  [options w])",
             }));
+  // Streamed to a sink, the diff answers how many it handed over (the tool's exit code).
+  struct Ignore : DiffSink {
+    void Difference(const RecordDifference&) override {}
+  } ignore;
+  EXPECT_EQ(DiffRecords(*a, *b, ignore), 8U);
 }
 
 // Conventional sets of the given names, each holding one channel of the paired name.
