@@ -57,6 +57,25 @@ TEST(FieldText, CodedSwitchAndHexFieldsTakeWordsOrNumbers) {
   EXPECT_EQ(Get(wan, "SystemId"), "2748");
 }
 
+// A coded field whose word table has a gap: code 1 has no word of its own.
+const char* const kGappedWords[] = {"Low", "", "High"};
+struct Gapped : CObject {
+  BYTE level = 0;
+  template <class V>
+  void Fields(V& v) {
+    v("Level", level, WordsOf(kGappedWords));
+  }
+  PERSONA_FIELDS(CObject)
+};
+
+TEST(FieldText, RefusalsListTheWordsOfACodeWithoutItsGaps) {
+  Gapped rec;
+  EXPECT_EQ(Refusal(rec, "Level", "Medium"),
+            "\"Medium\" is not one of Low, High (or their numbers 0 to 2)");
+  SetFieldText(rec, "Level", "high");
+  EXPECT_EQ(rec.level, 2);
+}
+
 TEST(FieldText, NumbersMustFitTheirField) {
   CConvChannel ch;
   SetFieldText(ch, "RxFreq", " 851.0125 ");
