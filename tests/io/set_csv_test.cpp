@@ -211,6 +211,8 @@ TEST_F(SetCsv, FaultsNameRowAndColumnAndChangeNothing) {
             "personality's code page (Windows-1252)");
   EXPECT_EQ(ImportError("Name\nA\xFF\n"),
             "edit.csv: row 2, column 1: byte 2 of the cell is not UTF-8");
+  EXPECT_EQ(ImportError("Name\nA\x80\n"),  // a continuation byte where a character starts
+            "edit.csv: row 2, column 1: byte 2 of the cell is not UTF-8");
   EXPECT_EQ(ImportError("Name\nAB\xE4\xB8\n"),  // a sequence cut by the end of the cell
             "edit.csv: row 2, column 1: byte 3 of the cell is not UTF-8");
   EXPECT_EQ(ImportError("Name,RxFreq\nA\n"),
