@@ -1,7 +1,7 @@
 // The personality with real sets and option records together: a rich personality with sets of
 // all eleven kinds, systems of every kind and shared key records round-trips byte for byte; the
 // load repairs that reach into options and trunk sets work end to end through the archive; copies
-// and merges carry every set class; the key checks run over real sets.
+// and merges carry every set class.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -14,10 +14,9 @@
 #include <persona/options/supervisory_opts.h>
 #include <persona/options/tone_encode.h>
 #include <persona/personality/personality.h>
-#include <persona/systems/esk_data.h>
 #include <persona/systems/group_set.h>
+#include <persona/systems/system.h>
 #include <persona/systems/trunk_set.h>
-#include <persona/systems/trunk_system.h>
 #include "support/record_testing.h"
 #include "support/rich_personality.h"
 #include "support/test_data.h"
@@ -138,35 +137,6 @@ TEST(PersonalityIntegration, OldVersionsRemapToneTriggers) {
     }
     EXPECT_EQ(back->GetSeqAt(1)->GetEncodingTrigger(), 1);  // not sequential: never remapped
   }
-}
-
-TEST(PersonalityIntegration, KeyChecksRunOverRealSets) {
-  CPersonality p(68, 0);
-  auto* system = new CTrunkSystem(68, 0);
-  system->SetName("North");
-  system->SetSysType(TrunkedSystemType);
-  system->SetTrunkSetName("SITE1");
-  system->SetGroupSetName("TALK");
-  system->SetESK(7);
-  system->SetEskName("Seven");
-  p.AddSystem(system);
-  auto* trunk = new CTrunkSet(68, 0, 851.0);
-  trunk->SetName("SITE1");
-  p.AddSet(trunk, TrunkSetType);
-  auto* groups = new CGroupSet(GroupSetType);
-  groups->SetName("TALK");
-  p.AddSet(groups, GroupSetType);
-
-  CObList empty;
-  EXPECT_FALSE(p.IsEskPresentInTrkSet(trunk, empty));
-  EXPECT_FALSE(p.IsEskPresentInGrpSet(groups, empty));
-  CObList keys;
-  p.GetSharedEskList(keys);
-  ASSERT_EQ(keys.GetCount(), 1);
-  EXPECT_TRUE(p.IsEskPresentInTrkSet(trunk, keys));
-  EXPECT_TRUE(p.IsEskPresentInGrpSet(groups, keys));
-  trunk->AddEsk(static_cast<CEskData*>(keys.GetAt(0)));
-  EXPECT_EQ(trunk->GetEskAt(0)->GetEskId(), "Seven");
 }
 
 }  // namespace
