@@ -99,6 +99,53 @@ TEST(RecordPool, SlabsWhoseBlocksAllCameBackServeAnotherSize) {
   EXPECT_EQ(reused, emptied.size() - 1);
 }
 
+// Whether the blocks lie apart, each inside the block area of its slab (past the slab's head).
+bool ApartInsideTheirSlabs(std::vector<void*> blocks, std::size_t size) {
+  std::sort(blocks.begin(), blocks.end());
+  for (std::size_t i = 0; i < blocks.size(); ++i) {
+    const auto at = reinterpret_cast<std::uintptr_t>(blocks[i]);
+    if ((at & 0xFFFF) < 64 || (at & 0xFFFF) + size > 0x10000) return false;
+    if (i > 0 && at < reinterpret_cast<std::uintptr_t>(blocks[i - 1]) + size) return false;
+  }
+  return true;
+}
+
+// Full slabs that get a block back line up to serve again, are taken, fill up, empty and line
+// up once more: through all of it no block is handed out twice or outside its slab.
+TEST(RecordPool, SlabsThatLineUpServeAgainAndNeverHandOutABlockTwice) {
+  std::vector<void*> blocks = TakeMany(4000, 64);
+  std::vector<std::vector<void*>> bySlab;  // the blocks of each full slab, in slab order
+  std::sort(blocks.begin(), blocks.end());
+  for (void* p : blocks) {
+    const auto slab = reinterpret_cast<std::uintptr_t>(p) & ~std::uintptr_t{0xFFFF};
+    if (bySlab.empty() || (reinterpret_cast<std::uintptr_t>(bySlab.back()[0]) & ~0xFFFFULL) != slab)
+      bySlab.emplace_back();
+    bySlab.back().push_back(p);
+  }
+  ASSERT_GE(bySlab.size(), 3U);
+  std::vector<void*> live;
+  for (std::size_t s = 0; s < bySlab.size(); ++s) {
+    if (s < 2) CObject::operator delete(bySlab[s].back(), 64);  // one block back from each
+    live.insert(live.end(), bySlab[s].begin(), bySlab[s].end() - (s < 2 ? 1 : 0));
+  }
+  const std::vector<void*> more = TakeMany(3000, 64);  // takes the two back, then new slabs
+  live.insert(live.end(), more.begin(), more.end());
+  std::vector<void*> rest;
+  for (void* p : live) {
+    const bool second = (reinterpret_cast<std::uintptr_t>(p) & ~0xFFFFULL) ==
+                        (reinterpret_cast<std::uintptr_t>(bySlab[1][0]) & ~0xFFFFULL);
+    if (second) {
+      CObject::operator delete(p, 64);  // the second slab empties
+    } else {
+      rest.push_back(p);
+    }
+  }
+  const std::vector<void*> last = TakeMany(3000, 64);
+  rest.insert(rest.end(), last.begin(), last.end());
+  EXPECT_TRUE(ApartInsideTheirSlabs(rest, 64));
+  GiveAll(rest, 64);
+}
+
 TEST(RecordPool, ABlockDeletedOnAnotherThreadServesThatThreadsNextBlockOfItsSize) {
   void* block = CObject::operator new(80);
   void* next = nullptr;
