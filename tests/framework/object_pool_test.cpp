@@ -70,11 +70,13 @@ void GiveAll(const std::vector<void*>& blocks, std::size_t size) {
   for (void* p : blocks) CObject::operator delete(p, size);
 }
 
-// The 64 KB slabs that blocks lie in.
+// The 64 KB slab that a block lies in, and those of blocks.
+std::uintptr_t SlabOf(const void* p) {
+  return reinterpret_cast<std::uintptr_t>(p) & ~std::uintptr_t{0xFFFF};
+}
 std::set<std::uintptr_t> SlabsOf(const std::vector<void*>& blocks) {
   std::set<std::uintptr_t> slabs;
-  for (void* p : blocks)
-    slabs.insert(reinterpret_cast<std::uintptr_t>(p) & ~std::uintptr_t{0xFFFF});
+  for (void* p : blocks) slabs.insert(SlabOf(p));
   return slabs;
 }
 
@@ -113,37 +115,24 @@ bool ApartInsideTheirSlabs(std::vector<void*> blocks, std::size_t size) {
 // Full slabs that get a block back line up to serve again, are taken, fill up, empty and line
 // up once more: through all of it no block is handed out twice or outside its slab.
 TEST(RecordPool, SlabsThatLineUpServeAgainAndNeverHandOutABlockTwice) {
-  std::vector<void*> blocks = TakeMany(4000, 64);
-  std::vector<std::vector<void*>> bySlab;  // the blocks of each full slab, in slab order
-  std::sort(blocks.begin(), blocks.end());
-  for (void* p : blocks) {
-    const auto slab = reinterpret_cast<std::uintptr_t>(p) & ~std::uintptr_t{0xFFFF};
-    if (bySlab.empty() || (reinterpret_cast<std::uintptr_t>(bySlab.back()[0]) & ~0xFFFFULL) != slab)
-      bySlab.emplace_back();
-    bySlab.back().push_back(p);
-  }
-  ASSERT_GE(bySlab.size(), 3U);
-  std::vector<void*> live;
-  for (std::size_t s = 0; s < bySlab.size(); ++s) {
-    if (s < 2) CObject::operator delete(bySlab[s].back(), 64);  // one block back from each
-    live.insert(live.end(), bySlab[s].begin(), bySlab[s].end() - (s < 2 ? 1 : 0));
-  }
-  const std::vector<void*> more = TakeMany(3000, 64);  // takes the two back, then new slabs
+  std::vector<void*> live = TakeMany(4000, 64);
+  std::sort(live.begin(), live.end());
+  const auto second =
+      std::find_if(live.begin(), live.end(), [&](void* p) { return SlabOf(p) != SlabOf(live[0]); });
+  ASSERT_NE(second, live.end());
+  const std::uintptr_t secondSlab = SlabOf(*second);
+  GiveAll({*(second - 1), *second}, 64);  // one block back from each of the first two slabs
+  live.erase(second - 1, second + 1);
+  const std::vector<void*> more = TakeMany(3000, 64);  // both taken back, then new slabs
   live.insert(live.end(), more.begin(), more.end());
-  std::vector<void*> rest;
-  for (void* p : live) {
-    const bool second = (reinterpret_cast<std::uintptr_t>(p) & ~0xFFFFULL) ==
-                        (reinterpret_cast<std::uintptr_t>(bySlab[1][0]) & ~0xFFFFULL);
-    if (second) {
-      CObject::operator delete(p, 64);  // the second slab empties
-    } else {
-      rest.push_back(p);
-    }
-  }
+  const auto emptied =
+      std::partition(live.begin(), live.end(), [&](void* p) { return SlabOf(p) != secondSlab; });
+  GiveAll(std::vector<void*>(emptied, live.end()), 64);  // the second slab empties
+  live.erase(emptied, live.end());
   const std::vector<void*> last = TakeMany(3000, 64);
-  rest.insert(rest.end(), last.begin(), last.end());
-  EXPECT_TRUE(ApartInsideTheirSlabs(rest, 64));
-  GiveAll(rest, 64);
+  live.insert(live.end(), last.begin(), last.end());
+  EXPECT_TRUE(ApartInsideTheirSlabs(live, 64));
+  GiveAll(live, 64);
 }
 
 TEST(RecordPool, ABlockDeletedOnAnotherThreadServesThatThreadsNextBlockOfItsSize) {
