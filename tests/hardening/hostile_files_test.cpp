@@ -22,6 +22,7 @@
 #include <persona/systems/esk_data.h>
 #include <persona/systems/group_set.h>
 #include <persona/systems/trunk_set.h>
+#include "support/bytes.h"
 #include "support/test_data.h"
 
 namespace persona {
@@ -192,15 +193,7 @@ std::unique_ptr<CPersonality> SmallPersonality() {
 
 // The new-class tag that introduces cls: 0xFFFF, schema, name length, name.
 Bytes NewClassTag(const CRuntimeClass* cls) {
-  const std::string name = cls->m_lpszClassName;
-  Bytes tag(6 + name.size());
-  tag[0] = 0xFF;
-  tag[1] = 0xFF;
-  tag[2] = static_cast<BYTE>(cls->GetSchema());
-  tag[3] = static_cast<BYTE>(cls->GetSchema() >> 8);
-  tag[4] = static_cast<BYTE>(name.size());
-  std::copy(name.begin(), name.end(), tag.begin() + 6);
-  return tag;
+  return test::Bytes(cls->m_lpszClassName, static_cast<WORD>(cls->GetSchema())).bytes();
 }
 
 // A set's elements and the personality's lists take records of any class (see the tests of
