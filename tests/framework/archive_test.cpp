@@ -20,6 +20,7 @@
 #include <persona/options/macro.h>
 #include <persona/options/status_message.h>
 #include <persona/systems/esk_data.h>
+#include "support/record_testing.h"
 #include "support/test_data.h"
 
 namespace persona {
@@ -436,6 +437,13 @@ TEST(ArchiveFiles, DiskAndMemoryFilesCarryTheSameBytesAndAMissingFileIsNamed) {
   EXPECT_EQ(static_cast<CEskData*>(loaded.get())->GetEsk(), 77);
   EXPECT_EQ(file.GetLength(), mem.GetSize());
   ar.Close();
+  struct Trickle : CFile {  // hands out three bytes a read, as a pipe may
+    using CFile::CFile;
+    UINT Read(void* to, UINT count) override { return CFile::Read(to, std::min(count, 3U)); }
+  } trickle(path, CFile::modeRead);
+  CArchive trickled(&trickle, CArchive::load);
+  EXPECT_EQ(test::DumpFields(*trickled.ReadOwnedObject(RUNTIME_CLASS(CEskData))),
+            test::DumpFields(key));
   EXPECT_EQ(file.GetPosition(), file.GetLength());
   EXPECT_EQ(file.GetFileName(), path.substr(path.rfind('/') + 1));
   EXPECT_EQ(file.Seek(3, CFile::begin), 3u);  // each origin, as on a memory file below
