@@ -151,14 +151,6 @@ TEST(ConvChannel, LoadsEveryOlderSchemaWithLaterFieldsAtTheirDefaults) {
   }
 }
 
-CConvChannel* MakeChannel(const char* name, double tx, double rx) {
-  auto* c = new CConvChannel;
-  c->SetName(name);
-  c->SetTxFreq(tx);
-  c->SetRxFreq(rx);
-  return c;
-}
-
 void FillSet(CConvSet& set) {
   set.SetName("CITY");
   set.SetTxMinFreq(150.0);
@@ -178,8 +170,8 @@ void FillSet(CConvSet& set) {
   set.SetT99QuickCall(4);
   set.SetT99ToneSet(0x0506);
   set.SetDataCCT(600);
-  set.Add(MakeChannel("CH1", 154.25, 154.25));
-  set.Add(MakeChannel("CH2", 0.0, 155.5));
+  set.Add(test::Channel<CConvChannel>("CH1", 154.25, 154.25));
+  set.Add(test::Channel<CConvChannel>("CH2", 0.0, 155.5));
 }
 
 TEST(ConvSet, LoadsOlderSchemas) {
@@ -258,7 +250,7 @@ TEST(ConvSet, CopyConstructorCarriesDtmfIntoT99wcgWhileAssignmentDoesNot) {
   EXPECT_EQ("CH3", copy.GetWideScanChan());
 
   CConvSet assigned;
-  assigned.Add(MakeChannel("GONE", 1.0, 1.0));
+  assigned.Add(test::Channel<CConvChannel>("GONE", 1.0, 1.0));
   assigned = &source;
   EXPECT_EQ(0, assigned.GetT99wcg());
   EXPECT_TRUE(assigned == source);
@@ -270,7 +262,7 @@ TEST(ConvSet, LookupsAndReferences) {
   CConvSet set;
   EXPECT_EQ(-1, set.FindChannelIndex("CH1"));
   FillSet(set);
-  set.Add(MakeChannel("", 0.0, 160.0));
+  set.Add(test::Channel<CConvChannel>("", 0.0, 160.0));
   EXPECT_EQ(-1, set.FindChannelIndex(""));
   EXPECT_EQ(1, set.FindChannelIndex("CH2"));
   EXPECT_EQ(nullptr, set.GetChannelAt(3));
@@ -295,7 +287,7 @@ TEST(ConvSet, LookupsAndReferences) {
 TEST(ConvSet, FrequencyCheckEdges) {
   auto check = [](double tx, double rx, double first) {
     CConvSet set;
-    set.Add(MakeChannel("C", tx, rx));
+    set.Add(test::Channel<CConvChannel>("C", tx, rx));
     return set.CheckFrequencyRange(first, -1.0, 851.0, 870.0);
   };
   // Above 800 MHz: tolerance on the transmit upper test, none on the receive upper test.
@@ -323,7 +315,7 @@ namespace {
 // and transmit oscillator (29, 33), Coyle 300 options (27, 28), nothing more for the others.
 TEST(ConvSet, ChannelReportAddsTheLinesOfTheModelFamily) {
   CConvSet set;
-  set.Add(MakeChannel("C", 851.0, 851.0));
+  set.Add(test::Channel<CConvChannel>("C", 851.0, 851.0));
   auto firstExtra = [&](unsigned short radioType) {
     CStringArray plain;
     CStringArray out;

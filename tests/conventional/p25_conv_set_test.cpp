@@ -14,14 +14,6 @@ namespace {
 using test::Bytes;
 using test::Hex;
 
-CP25ConvChannel* MakeChannel(const char* name, double tx, double rx) {
-  auto* c = new CP25ConvChannel;
-  c->SetName(name);
-  c->SetTxFreq(tx);
-  c->SetRxFreq(rx);
-  return c;
-}
-
 TEST(P25ConvSet, LoadsOlderChannelSchemas) {
   auto setWith = [](unsigned schema) {
     Bytes b;
@@ -66,8 +58,8 @@ TEST(P25ConvSet, EqualityRules) {
   EXPECT_FALSE(a == b);
 
   CP25ConvSet x, y;
-  x.Add(MakeChannel("A", 851.0, 806.0));
-  y.Add(MakeChannel("A", 851.0, 806.0));
+  x.Add(test::Channel<CP25ConvChannel>("A", 851.0, 806.0));
+  y.Add(test::Channel<CP25ConvChannel>("A", 851.0, 806.0));
   EXPECT_TRUE(x == y);
   y.SetName("OTHER");  // unlike conventional sets, the name counts
   EXPECT_FALSE(x == y);
@@ -80,7 +72,7 @@ TEST(P25ConvSet, EqualityRules) {
 
   CP25ConvSet copy(x), assigned;
   EXPECT_TRUE(copy == x);
-  assigned.Add(MakeChannel("OLD", 1.0, 1.0));
+  assigned.Add(test::Channel<CP25ConvChannel>("OLD", 1.0, 1.0));
   assigned = &x;
   EXPECT_TRUE(assigned == x);
   EXPECT_EQ(1, assigned.GetSize());
@@ -89,8 +81,8 @@ TEST(P25ConvSet, EqualityRules) {
 TEST(P25ConvSet, ReferencesLookupsAndFrequencyCheck) {
   CP25ConvSet set;
   set.SetP25GroupSet("OPS");
-  set.Add(MakeChannel("OPS", 851.0, 806.0));
-  set.Add(MakeChannel("TAC", 852.0, 807.0));
+  set.Add(test::Channel<CP25ConvChannel>("OPS", 851.0, 806.0));
+  set.Add(test::Channel<CP25ConvChannel>("TAC", 852.0, 807.0));
   EXPECT_EQ(-1, set.FindChannelIndex(""));
   EXPECT_EQ(1, set.FindChannelIndex("TAC"));
   set.DeleteSetReferencesToChan("TAC");
@@ -101,7 +93,7 @@ TEST(P25ConvSet, ReferencesLookupsAndFrequencyCheck) {
 
   auto check = [](double tx, double rx, double first) {
     CP25ConvSet s;
-    s.Add(MakeChannel("C", tx, rx));
+    s.Add(test::Channel<CP25ConvChannel>("C", tx, rx));
     return s.CheckFrequencyRange(first, 0.0, 851.0, 870.0);
   };
   EXPECT_EQ(1, check(820.0, 870.0000005, 806.0));  // tolerance above 800 MHz too

@@ -17,14 +17,6 @@ namespace {
 using test::Bytes;
 using test::Hex;
 
-template <class G>
-G* MakeGroup(const char* name, WORD id) {
-  auto* g = new G;
-  g->SetName(name);
-  g->SetGrpId(id);
-  return g;
-}
-
 TEST(GroupSet, LoadsOlderSchemas) {
   auto setBytes = [](unsigned schema) {
     Bytes b;
@@ -70,9 +62,9 @@ TEST(GroupSet, Lookups) {
   CGroupSet set;
   EXPECT_EQ(nullptr, set.GetGroup(1));
   EXPECT_EQ(-1, set.FindGroupIndex("A"));
-  set.Add(MakeGroup<CGroup>("", 0));
-  set.Add(MakeGroup<CGroup>("A", 300));
-  set.Add(MakeGroup<CGroup>("B", 300));
+  set.Add(test::Group<CGroup>("", 0));
+  set.Add(test::Group<CGroup>("A", 300));
+  set.Add(test::Group<CGroup>("B", 300));
   EXPECT_EQ(nullptr, set.GetGroup(0));  // even though the first group has ID 0
   EXPECT_EQ("A", set.GetGroup(300)->GetName());
   EXPECT_EQ(nullptr, set.GetGroup(300 + 65536));
@@ -87,7 +79,7 @@ TEST(GroupSet, Lookups) {
   EXPECT_EQ("B", names[2]);
 
   CExtAddGroupSet ea;
-  auto* big = MakeGroup<CExtAddGroup>("BIG", 1);
+  auto* big = test::Group<CExtAddGroup>("BIG", 1);
   big->SetEaGrpId(100000);
   ea.Add(big);
   EXPECT_EQ(big, ea.GetGroup(100000));
@@ -102,8 +94,8 @@ TEST(GroupSet, Lookups) {
 
 TEST(GroupSet, DeletingAGroupClearsTheNamesThatReferToIt) {
   CGroupSet set;
-  set.Add(MakeGroup<CGroup>("A", 1));
-  set.Add(MakeGroup<CGroup>("B", 2));
+  set.Add(test::Group<CGroup>("A", 1));
+  set.Add(test::Group<CGroup>("B", 2));
   set.SetHomeGrp("A");
   set.SetPriority1Grp("B");
   set.SetPriority2Grp("A");
@@ -117,7 +109,7 @@ TEST(GroupSet, DeletingAGroupClearsTheNamesThatReferToIt) {
   EXPECT_EQ("B", set.GetPriority1Grp());
 
   CGroupSet otherType(PlmGroupSetType);  // a type that keeps its references
-  otherType.Add(MakeGroup<CGroup>("A", 1));
+  otherType.Add(test::Group<CGroup>("A", 1));
   otherType.SetHomeGrp("A");
   otherType.DeleteAt(0);
   EXPECT_EQ("A", otherType.GetHomeGrp());
@@ -132,7 +124,7 @@ TEST(GroupSet, KorvexConversionAndCopyRules) {
   src.SetHomeGrp("H");
   src.SetPriorityTalkGrp("T");
   src.AddEsk(&key);
-  CGroup* g = MakeGroup<CGroup>("H", 300);
+  CGroup* g = test::Group<CGroup>("H", 300);
   g->SetCallTime(3);
   src.Add(g);
 
@@ -157,7 +149,7 @@ TEST(GroupSet, KorvexConversionAndCopyRules) {
   EXPECT_EQ(ICallSetType, copy.GetSetType());
   EXPECT_EQ("T", copy.GetPriorityTalkGrp());
   CGroupSet assigned;
-  assigned.Add(MakeGroup<CGroup>("OLD", 1));
+  assigned.Add(test::Group<CGroup>("OLD", 1));
   assigned = &src;
   EXPECT_EQ(0, assigned.GetNumEsks());
   EXPECT_EQ(1, assigned.GetSize());
@@ -176,8 +168,8 @@ TEST(GroupSet, EqualityRules) {
   EXPECT_FALSE(a == b);
 
   CGroupSet s, t;
-  s.Add(MakeGroup<CGroup>("A", 1));
-  t.Add(MakeGroup<CGroup>("A", 1));
+  s.Add(test::Group<CGroup>("A", 1));
+  t.Add(test::Group<CGroup>("A", 1));
   t.SetName("ELSEWHERE");
   t.SetPriorityTalkGrp("A");
   EXPECT_TRUE(s == t);
@@ -185,8 +177,8 @@ TEST(GroupSet, EqualityRules) {
   EXPECT_FALSE(s == t);
 
   CExtAddGroupSet e, f;
-  e.Add(MakeGroup<CExtAddGroup>("A", 1));
-  f.Add(MakeGroup<CExtAddGroup>("A", 1));
+  e.Add(test::Group<CExtAddGroup>("A", 1));
+  f.Add(test::Group<CExtAddGroup>("A", 1));
   EXPECT_TRUE(e == f);
   f.GetGroupAt(0)->SetKeyBank(1);
   EXPECT_FALSE(e == f);

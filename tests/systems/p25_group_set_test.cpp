@@ -14,13 +14,6 @@ namespace {
 using test::Bytes;
 using test::Hex;
 
-CP25Group* MakeGroup(const char* name, DWORD id) {
-  auto* g = new CP25Group;
-  g->SetName(name);
-  g->SetGrpId(id);
-  return g;
-}
-
 TEST(P25GroupSet, LoadsEveryOlderSchemaOfItsGroups) {
   auto setWith = [](unsigned schema) {
     Bytes b;
@@ -67,8 +60,8 @@ TEST(P25GroupSet, LoadsEveryOlderSchemaOfItsGroups) {
 
 TEST(P25GroupSet, LookupsEqualityAndReferences) {
   CP25GroupSet set;
-  set.Add(MakeGroup("ZERO", 0));
-  set.Add(MakeGroup("WIDE", 16777215));
+  set.Add(test::Group<CP25Group>("ZERO", 0));
+  set.Add(test::Group<CP25Group>("WIDE", 16777215));
   EXPECT_EQ(nullptr, set.GetGroup(0));
   EXPECT_EQ("WIDE", set.GetGroup(16777215)->GetName());
   EXPECT_EQ(-1, set.FindGroupIndex(""));
