@@ -30,6 +30,7 @@ constexpr std::size_t kLargest = 512;
 constexpr std::size_t kClasses = kLargest / kStep + 1;
 constexpr std::size_t kSlabBytes = 64 * 1024;
 constexpr std::size_t kChunkSlabs = 16;
+constexpr std::size_t kChunkBytes = kChunkSlabs * kSlabBytes;
 static_assert(alignof(std::max_align_t) <= kStep, "pooled objects keep the heap's alignment");
 
 struct FreeBlock {
@@ -41,7 +42,6 @@ class RecordPool;
 // The head of a slab; its blocks follow, all of one size class.
 struct Slab {
   const RecordPool* owner;
-  std::size_t sizeClass;
   // Blocks handed out and not yet back, less those taken while the slab is its class's current
   // one (SizeClass::taken); the difference can wrap round until the two are added.
   std::size_t live;
@@ -85,7 +85,7 @@ class RecordPool {
       return block;
     }
     if (k.free == nullptr && static_cast<std::size_t>(k.end - k.cursor) < c * kStep) {
-      MakeCurrent(k, NextSlab(k, c));
+      MakeCurrent(k, NextSlab(k));
     }
     ++k.taken;
     if (FreeBlock* block = k.free) {
@@ -136,9 +136,9 @@ class RecordPool {
     k.taken = 0;
   }
 
-  // A slab of class c with room: one that had blocks given back, else an empty one, else a new
-  // one. Throws std::bad_alloc.
-  Slab* NextSlab(SizeClass& k, std::size_t c) {
+  // A slab of k's class with room: one that had blocks given back, else an empty one, else a
+  // new one. Throws std::bad_alloc.
+  Slab* NextSlab(SizeClass& k) {
     if (Slab* s = k.partial) {
       Unlist(k, s);
       return s;
@@ -150,7 +150,7 @@ class RecordPool {
       raw = NewSlabMemory();
     }
     char* const blocks = static_cast<char*>(raw) + kHeadBytes;
-    return new (raw) Slab{this, c, 0, nullptr, blocks, nullptr, nullptr, false};
+    return new (raw) Slab{this, 0, nullptr, blocks, nullptr, nullptr, false};
   }
 
   // Slabs are cut from aligned chunks of kChunkSlabs: one aligned heap block per slab would
@@ -158,8 +158,7 @@ class RecordPool {
   // Throws std::bad_alloc.
   void* NewSlabMemory() {
     if (m_chunkSlabsLeft == 0) {
-      m_chunk = static_cast<char*>(
-          ::operator new (kChunkSlabs* kSlabBytes, std::align_val_t{kSlabBytes}));
+      m_chunk = static_cast<char*>(::operator new (kChunkBytes, std::align_val_t{kSlabBytes}));
       m_chunkSlabsLeft = kChunkSlabs;
     }
     --m_chunkSlabsLeft;
