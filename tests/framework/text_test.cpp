@@ -3,6 +3,10 @@
 // the message box.
 #include <gtest/gtest.h>
 
+#include <cfloat>
+#include <climits>
+#include <cstdio>
+#include <random>
 #include <string>
 
 #include <persona/framework/codepage.h>
@@ -44,6 +48,34 @@ TEST(CStringTest, TrimFindFormatAndIndexing) {
   EXPECT_EQ(f, "CH1     |0020|851.0125|02f");
   const std::string big(1000, 'w');
   EXPECT_EQ(CString::Formatted("%s!", big.c_str()).GetLength(), 1001);
+}
+
+template <class... Args>
+void ExpectAsPrintf(const char* fmt, Args... args) {
+  char want[512];
+  std::snprintf(want, sizeof want, fmt, args...);
+  EXPECT_EQ(CString::Formatted(fmt, args...).str(), want) << fmt;
+}
+
+TEST(CStringTest, FormatWritesWhatPrintfWrites) {
+  ExpectAsPrintf("[%d|%d|%05d|%-5d|%2d|%i]", INT_MIN, INT_MAX, -42, -7, 12345, 0);
+  ExpectAsPrintf("[%u|%X|%-3x|%04x|%lX|%016llx|%ld]", UINT_MAX, 0xBEEFu, 0xAu, 0u, 0xDEADBEEFUL,
+                 0x1234ABCDULL, LONG_MIN);
+  ExpectAsPrintf("[%.5f|%-8.4f|%8.4f|%08.3f|%f|%.0f|%.0f|%.2f]", 851.0125, -0.0, 1e20, -3.14159,
+                 1.0 / 3, 0.5, 2.5, 0.125);
+  ExpectAsPrintf("[%.1f|%.64f|%-4.1f|%.65f]", DBL_MAX, DBL_MIN, 9.96, 0.1);
+  ExpectAsPrintf("[%-12s|%8s|%.3s|%s|%c|%-3c|%%|%%d]", "North", "CH1", "Southern", "", 'Z', 'a');
+  // Conversions the formatter leaves to the C library still come out right.
+  ExpectAsPrintf("[%+d|% d|%e|%g|%*d|%5.3d|%#x|%hd|%s]", 5, 5, 1.5, 0.0001, 6, 7, 8, 9, 10,
+                 "after");
+  ExpectAsPrintf("[%f|%-6.2f]", HUGE_VAL, -NAN);
+  std::mt19937_64 random(7);
+  std::uniform_real_distribution<double> frequency(-1000.0, 1000.0);
+  for (int i = 0; i < 2000; ++i)
+    ExpectAsPrintf("%-8.4f|%.5f|%.1f", frequency(random), i / 64.0, i / 20.0);
+  CString self("ab");
+  self.Format("%s-%s", self.c_str(), self.c_str());  // arguments inside the string itself
+  EXPECT_EQ(self, "ab-ab");
 }
 
 TEST(Prompt, DefaultAnswersNoAndInstalledHandlerDecides) {

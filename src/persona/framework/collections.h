@@ -6,6 +6,7 @@
 #include <persona/export.h>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include <persona/framework/cstring.h>
@@ -146,6 +147,10 @@ class PERSONA_EXPORT CValueArray {
   // Appends v and returns its position.
   int Add(const T& v) {
     m_items.push_back(v);
+    return GetSize() - 1;
+  }
+  int Add(T&& v) {
+    m_items.push_back(std::move(v));
     return GetSize() - 1;
   }
   // Inserts before i (0 .. size); other i raises.

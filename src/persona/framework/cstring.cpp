@@ -2,8 +2,11 @@
 #include <persona/framework/cstring.h>
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <string_view>
 #include <vector>
 
 #include <persona/framework/exceptions.h>
@@ -14,6 +17,149 @@ namespace {
 
 bool IsSpace(char ch) {
   return ch == ' ' || ch == '\t' || ch == '\n' || ch == '\r' || ch == '\v' || ch == '\f';
+}
+
+// One conversion of a format: the flags '-' and '0', a width, a precision, the count of 'l's.
+struct Conversion {
+  bool left = false;
+  bool zero = false;
+  std::size_t width = 0;
+  int precision = -1;
+  int longs = 0;
+  char type = 0;
+};
+
+constexpr std::size_t kMaxWidth = 4096;
+constexpr int kMaxPrecision = 64;
+
+bool IsDigit(char ch) { return ch >= '0' && ch <= '9'; }
+
+// Reads the conversion that starts after a '%' and moves p past it. False for anything the
+// formatter below leaves to vsnprintf: other flags, '*', other lengths and types, a precision
+// on an integer or a character, the '0' flag on text.
+bool ReadConversion(const char*& p, Conversion& c) {
+  for (;; ++p) {
+    if (*p == '-') {
+      c.left = true;
+    } else if (*p == '0') {
+      c.zero = true;
+    } else {
+      break;
+    }
+  }
+  for (; IsDigit(*p); ++p) {
+    c.width = c.width * 10 + static_cast<std::size_t>(*p - '0');
+    if (c.width > kMaxWidth) return false;
+  }
+  if (*p == '.') {
+    c.precision = 0;
+    for (++p; IsDigit(*p); ++p) {
+      c.precision = c.precision * 10 + (*p - '0');
+      if (c.precision > kMaxPrecision) return false;
+    }
+  }
+  for (; *p == 'l' && c.longs < 2; ++p) ++c.longs;
+  c.type = *p;
+  if (c.type == '\0' || std::strchr("diuxXcsf", c.type) == nullptr) return false;
+  ++p;
+  const bool text = c.type == 's' || c.type == 'c';
+  if (text && (c.zero || c.longs > 0)) return false;
+  return c.precision < 0 || c.type == 's' || c.type == 'f';
+}
+
+// Appends sign and digits padded to the conversion's width: blanks on the right or the left,
+// or zeros between the sign and the digits.
+void AppendPadded(std::string& out, const Conversion& c, std::string_view sign,
+                  std::string_view body) {
+  const std::size_t length = sign.size() + body.size();
+  const std::size_t pad = c.width > length ? c.width - length : 0;
+  if (!c.left && !c.zero) out.append(pad, ' ');
+  out.append(sign);
+  if (!c.left && c.zero) out.append(pad, '0');
+  out.append(body);
+  if (c.left) out.append(pad, ' ');
+}
+
+void AppendInteger(std::string& out, const Conversion& c, va_list* args) {
+  unsigned long long magnitude = 0;
+  bool negative = false;
+  if (c.type == 'd' || c.type == 'i') {
+    const long long v = c.longs == 0   ? va_arg(*args, int)
+                        : c.longs == 1 ? va_arg(*args, long)
+                                       : va_arg(*args, long long);
+    negative = v < 0;
+    magnitude =
+        negative ? 0ULL - static_cast<unsigned long long>(v) : static_cast<unsigned long long>(v);
+  } else {
+    magnitude = c.longs == 0   ? va_arg(*args, unsigned)
+                : c.longs == 1 ? va_arg(*args, unsigned long)
+                               : va_arg(*args, unsigned long long);
+  }
+  char digits[24];
+  const int base = c.type == 'x' || c.type == 'X' ? 16 : 10;
+  char* end = std::to_chars(digits, digits + sizeof digits, magnitude, base).ptr;
+  if (c.type == 'X') {
+    std::transform(digits, end, digits,
+                   [](char ch) { return ch >= 'a' ? static_cast<char>(ch - 'a' + 'A') : ch; });
+  }
+  AppendPadded(out, c, negative ? "-" : "", std::string_view(digits, end - digits));
+}
+
+// False for a value that is not finite (vsnprintf spells those).
+bool AppendFixed(std::string& out, const Conversion& c, va_list* args) {
+  const double v = va_arg(*args, double);
+  if (!std::isfinite(v)) return false;
+  char digits[320 + kMaxPrecision];
+  const auto [end, error] =
+      std::to_chars(digits, digits + sizeof digits, v, std::chars_format::fixed,
+                    c.precision < 0 ? 6 : c.precision);
+  if (error != std::errc()) return false;
+  const bool negative = digits[0] == '-';
+  AppendPadded(out, c, negative ? "-" : "",
+               std::string_view(digits + negative, end - digits - negative));
+  return true;
+}
+
+void AppendText(std::string& out, const Conversion& c, const char* text) {
+  std::size_t length = std::strlen(text);
+  if (c.precision >= 0) length = std::min(length, static_cast<std::size_t>(c.precision));
+  AppendPadded(out, c, "", std::string_view(text, length));
+}
+
+// Formats the conversions the report's lines use (flags '-' and '0', width, precision, 'l' and
+// 'll'; d i u x X c s f and %%) as printf does, without the cost of vsnprintf. Returns false at
+// anything else, with out half written and args consumed: the caller formats afresh.
+bool FormatCommon(std::string& out, const char* fmt, va_list* args) {
+  out.clear();
+  for (const char* p = fmt; *p != '\0';) {
+    const char* percent = std::strchr(p, '%');
+    if (percent == nullptr) {
+      out.append(p);
+      break;
+    }
+    out.append(p, static_cast<std::size_t>(percent - p));
+    p = percent + 1;
+    if (*p == '%') {
+      out.push_back('%');
+      ++p;
+      continue;
+    }
+    Conversion c;
+    if (!ReadConversion(p, c)) return false;
+    if (c.type == 's') {
+      const char* text = va_arg(*args, const char*);
+      if (text == nullptr) return false;
+      AppendText(out, c, text);
+    } else if (c.type == 'c') {
+      const char ch = static_cast<char>(va_arg(*args, int));
+      AppendPadded(out, c, "", std::string_view(&ch, 1));
+    } else if (c.type == 'f') {
+      if (!AppendFixed(out, c, args)) return false;
+    } else {
+      AppendInteger(out, c, args);
+    }
+  }
+  return true;
 }
 
 }  // namespace
@@ -86,8 +232,17 @@ int CString::CompareNoCase(const CString& other) const {
 }
 
 void CString::FormatV(const char* fmt, va_list args) {
-  char small[256];
   va_list copy;
+  va_copy(copy, args);
+  // The format and the arguments may point into this string: write elsewhere first.
+  thread_local std::string text;
+  const bool done = FormatCommon(text, fmt, &copy);
+  va_end(copy);
+  if (done) {
+    m_str.assign(text);
+    return;
+  }
+  char small[256];
   va_copy(copy, args);
   const int n = std::vsnprintf(small, sizeof small, fmt, copy);
   va_end(copy);
