@@ -127,6 +127,10 @@ class PERSONA_EXPORT CFieldSkipper : public CFieldVisitor {
   void Field(const FieldInfo&, CObList&) override {}
 };
 
+// Returns the record's first text field named "Name" (every set element has one), or null. The
+// pointer is into record; one visit of its fields, nothing allocated.
+PERSONA_EXPORT CString* FindNameField(CObject& record);
+
 namespace fields_detail {
 
 template <class... O>

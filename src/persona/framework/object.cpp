@@ -1,8 +1,11 @@
 // CObject, CRuntimeClass and the class registry.
 #include <persona/framework/object.h>
 
+#include <cstring>
 #include <string_view>
 #include <unordered_map>
+
+#include <persona/framework/fields.h>
 
 namespace persona {
 
@@ -14,6 +17,20 @@ const CRuntimeClass* CObject::GetRuntimeClass() const { return &classCObject; }
 void CObject::Serialize(CArchive&) {}
 
 void CObject::VisitFields(CFieldVisitor&) {}
+
+CString* FindNameField(CObject& record) {
+  class NameFinder : public CFieldSkipper {
+   public:
+    using CFieldSkipper::Field;
+    CString* name = nullptr;
+    void Field(const FieldInfo& f, CString& v) override {
+      if (name == nullptr && std::strcmp(f.name, "Name") == 0) name = &v;
+    }
+  };
+  NameFinder finder;
+  record.VisitFields(finder);
+  return finder.name;
+}
 
 namespace {
 

@@ -180,12 +180,6 @@ CSet* ElementSetOfSystem(const CPersonality& p, const CSystem& system, RefKind k
   return nullptr;
 }
 
-CString* ElementNameField(CObject& element) {
-  RecordScan scan;
-  element.VisitFields(scan);
-  return scan.StringField("Name");
-}
-
 bool IsElementOfSet(const CObject& element, const CSet& set) {
   const CRuntimeClass* cls = CPersonality::ElementClassOf(set);
   return cls == nullptr || element.IsKindOf(cls);
@@ -196,7 +190,7 @@ bool ElementNames::Has(CSet& set, const CString& name) {
   if (added) {
     for (CObject* element : set.Elements()) {
       if (element == nullptr || !IsElementOfSet(*element, set)) continue;
-      if (const CString* n = ElementNameField(*element)) it->second.insert(n->str());
+      if (const CString* n = FindNameField(*element)) it->second.insert(n->str());
     }
   }
   return it->second.count(name.str()) != 0;

@@ -54,9 +54,6 @@ PERSONA_EXPORT std::vector<NameRef> CollectNameRefs(CPersonality& p);
 // The short name of a set list in paths ("trunk", "conv", "group", ...); "" for an invalid type.
 PERSONA_EXPORT const char* SetListPathName(int type);
 
-// The "Name" field of a record that has one (elements of every set kind), else null.
-PERSONA_EXPORT CString* ElementNameField(CObject& element);
-
 // The list a Set reference with setType kGroupSetOfSystem names for a system of this kind
 // (trunked: group sets, extended addressing: extended-addressing group sets, P25 trunked: P25
 // group sets, messaging: messaging group sets); -1 for other kinds.

@@ -385,10 +385,10 @@ std::vector<std::string> ElementSegments(CObject& owner, const COwnedObList& lis
   for (int k = 0; k < list.GetCount(); ++k) {
     CObject* rec = list.GetAt(k);
     if (rec == nullptr) continue;
-    const FieldScan scan = Scan(*rec);
-    if (scan.nameField == nullptr || scan.nameField->IsEmpty()) continue;
-    names[static_cast<std::size_t>(k)] = scan.nameField;
-    ++uses[scan.nameField->str()];
+    const CString* name = FindNameField(*rec);
+    if (name == nullptr || name->IsEmpty()) continue;
+    names[static_cast<std::size_t>(k)] = name;
+    ++uses[name->str()];
   }
   const FieldScan ownerFields = Scan(owner);
   std::vector<std::string> out;

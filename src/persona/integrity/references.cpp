@@ -61,7 +61,7 @@ int ElementIndex(const CSet& set, const CString& name) {
   int i = 0;
   for (CObject* element : set.Elements()) {
     if (element != nullptr && IsElementOfSet(*element, set)) {
-      const CString* n = ElementNameField(*element);
+      const CString* n = FindNameField(*element);
       if (n != nullptr && *n == name) return i;
     }
     ++i;
@@ -89,7 +89,7 @@ int ChangeElement(CPersonality& p, SetType type, RefKind kind, const CString& se
   }
   const int changed = Apply(hits, newName);
   if (newName != nullptr) {
-    *ElementNameField(*set->GetAt(index)) = *newName;
+    *FindNameField(*set->GetAt(index)) = *newName;
   } else {
     set->DeleteAt(index);
   }

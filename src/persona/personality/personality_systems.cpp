@@ -31,29 +31,12 @@ bool TrimmedKey(const CObject& record, CString* key) {
   return true;
 }
 
-// Reads the "Name" field of a record through its field description.
-class NameReader : public CFieldSkipper {
- public:
-  using CFieldSkipper::Field;
-  bool found = false;
-  CString name;
-
-  void Field(const FieldInfo& f, CString& v) override {
-    if (!found && std::string(f.name) == "Name") {
-      name = v;
-      found = true;
-    }
-  }
-};
-
 // Appends the "Name" of every element of set that has one.
 void AppendElementNames(const CSet* set, CStringArray& names) {
   if (set == nullptr) return;
   for (CObject* element : set->Elements()) {
     if (element == nullptr) continue;
-    NameReader reader;
-    element->VisitFields(reader);
-    if (reader.found) names.Add(reader.name);
+    if (const CString* name = FindNameField(*element)) names.Add(*name);
   }
 }
 

@@ -210,7 +210,7 @@ std::vector<std::string> RowToCodePage(std::vector<std::string>& cells, std::siz
 
 const std::string& ElementName(CObject& element) {
   static const std::string kNone;
-  const CString* name = ElementNameField(element);
+  const CString* name = FindNameField(element);
   return name != nullptr ? name->str() : kNone;
 }
 

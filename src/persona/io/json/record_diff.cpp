@@ -195,7 +195,7 @@ std::string Upper(std::string s) {
 }
 
 std::string NameOf(CObject* rec) {
-  const CString* name = rec != nullptr ? ElementNameField(*rec) : nullptr;
+  const CString* name = rec != nullptr ? FindNameField(*rec) : nullptr;
   return name != nullptr ? name->str() : std::string();
 }
 
