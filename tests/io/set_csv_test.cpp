@@ -15,6 +15,7 @@
 #include <persona/systems/group_set.h>
 #include <persona/systems/trunk_set.h>
 #include "sample/sample_personality.h"
+#include "support/expect.h"
 #include "support/record_testing.h"
 #include "support/test_data.h"
 
@@ -30,12 +31,7 @@ std::vector<std::vector<std::string>> ReadAll(std::string_view text, char delimi
 }
 
 std::string CsvError(std::string_view text) {
-  try {
-    ReadAll(text);
-  } catch (const CCsvException& e) {
-    return e.what();
-  }
-  return "no error";
+  return test::Caught<CCsvException>([&] { ReadAll(text); }).what();
 }
 
 TEST(CsvText, ReadsWhatSpreadsheetsWrite) {
@@ -95,12 +91,7 @@ class SetCsv : public ::testing::Test {
     return ImportSetCsv(*p, type, set, csv, options);
   }
   std::string ImportError(const std::string& csv) {
-    try {
-      Import(csv);
-    } catch (const CCsvException& e) {
-      return e.what();
-    }
-    return "no error";
+    return test::Caught<CCsvException>([&] { Import(csv); }).what();
   }
   CConvChannel* Channel(int i) {
     return static_cast<CConvChannel*>(p->GetSet(CString("METRO"), ConvSetType)->GetAt(i));

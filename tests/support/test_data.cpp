@@ -29,6 +29,12 @@ std::unique_ptr<CObject> LoadObject(const std::vector<BYTE>& bytes, const CRunti
   return ar.ReadOwnedObject(cls);
 }
 
+namespace {
+const std::vector<const CRuntimeClass*> kLibraryClasses = CRuntimeClass::RegisteredClasses();
+}  // namespace
+
+const std::vector<const CRuntimeClass*>& LibraryClasses() { return kLibraryClasses; }
+
 std::string Hex(const std::vector<BYTE>& bytes) {
   std::string out;
   char buf[4];

@@ -27,6 +27,10 @@ std::unique_ptr<T> LoadAs(const std::vector<BYTE>& bytes, const std::string& nam
   return std::unique_ptr<T>(static_cast<T*>(LoadObject(bytes, T::GetThisClass(), name).release()));
 }
 
+// The library's registered record classes, taken before any test registers helper classes of
+// its own.
+const std::vector<const CRuntimeClass*>& LibraryClasses();
+
 // Hex dump of bytes, for readable failure messages.
 std::string Hex(const std::vector<BYTE>& bytes);
 
