@@ -5,10 +5,7 @@
 // inputs stay current.
 #include <gtest/gtest.h>
 
-#include <dirent.h>
 #include <algorithm>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -288,21 +285,13 @@ TEST(HalfWayFailures, AFailedLoadIntoAPersonalityLeavesItEmptied) {
 const std::string kFuzzDir = std::string(PERSONA_TEST_DATA_DIR) + "/../../fuzz";
 
 std::string ReadText(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  EXPECT_TRUE(in) << path;
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
+  const std::vector<BYTE> bytes = ReadWholeFile(path);
+  return std::string(bytes.begin(), bytes.end());
 }
 
 std::vector<std::string> FilesIn(const std::string& dir) {
   std::vector<std::string> out;
-  if (DIR* d = opendir(dir.c_str())) {
-    while (dirent* e = readdir(d)) {
-      if (e->d_name[0] != '.') out.push_back(dir + "/" + e->d_name);
-    }
-    closedir(d);
-  }
+  for (const std::string& name : test::Entries(dir)) out.push_back(dir + "/" + name);
   return out;
 }
 

@@ -64,20 +64,24 @@ std::vector<std::string> FieldNames(CObject& rec);
 // fields equal rec's and that storing it again gives the same bytes. Returns the bytes.
 std::vector<BYTE> ExpectRoundTrip(CObject& rec);
 
-// A new channel named name on tx and rx, or a new group named name with id (ownership passes
-// to the caller).
+// A new record of class R named name, a new channel named name on tx and rx, or a new group
+// named name with id (ownership passes to the caller).
+template <class R>
+R* Named(const char* name) {
+  auto* r = new R;
+  r->SetName(name);
+  return r;
+}
 template <class C>
 C* Channel(const char* name, double tx, double rx) {
-  auto* c = new C;
-  c->SetName(name);
+  auto* c = Named<C>(name);
   c->SetTxFreq(tx);
   c->SetRxFreq(rx);
   return c;
 }
 template <class G, class Id>
 G* Group(const char* name, Id id) {
-  auto* g = new G;
-  g->SetName(name);
+  auto* g = Named<G>(name);
   g->SetGrpId(id);
   return g;
 }

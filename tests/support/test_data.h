@@ -31,6 +31,12 @@ std::unique_ptr<T> LoadAs(const std::vector<BYTE>& bytes, const std::string& nam
 // its own.
 const std::vector<const CRuntimeClass*>& LibraryClasses();
 
+// A new, empty folder persona_<name> in the tests' temporary folder (an old one is removed).
+std::string FreshDir(const std::string& name);
+
+// The names of the entries of folder dir, sorted.
+std::vector<std::string> Entries(const std::string& dir);
+
 // Hex dump of bytes, for readable failure messages.
 std::string Hex(const std::vector<BYTE>& bytes);
 
