@@ -16,14 +16,14 @@
 #include <persona/systems/p25_trk_system.h>
 #include <persona/systems/plm_system.h>
 #include <persona/systems/trunk_system.h>
+#include "support/record_testing.h"
 
 namespace persona {
 namespace {
 
 template <class S>
 S* Named(const char* name, SystemType type) {
-  auto* sys = new S;
-  sys->SetName(name);
+  S* sys = test::Named<S>(name);
   sys->SetSysType(type);
   return sys;
 }

@@ -19,6 +19,7 @@
 #include <persona/systems/p25_trk_system.h>
 #include <persona/systems/trunk_set.h>
 #include <persona/systems/trunk_system.h>
+#include "support/bytes.h"
 
 namespace persona {
 namespace {
@@ -26,9 +27,7 @@ namespace {
 std::vector<std::string> Report(CPersonality& p) {
   CStringArray out;
   PrintPersonalityReport(p, out);
-  std::vector<std::string> lines;
-  for (const CString& line : out) lines.push_back(line.str());
-  return lines;
+  return test::Lines(out);
 }
 
 // The lines of the block headed heading, up to and without its closing empty line.
