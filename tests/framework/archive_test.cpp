@@ -518,14 +518,6 @@ TEST(ArchiveVectors, CountsInAllThreeForms) {
   EXPECT_EQ(Hex(stored), Hex(bytes));
 }
 
-TEST(ArchiveVectors, EskRecordLoadsAndStoresBack) {
-  const std::vector<BYTE> bytes = ReadTestFile("vectors/esk.bin");
-  auto esk = test::LoadAs<CEskData>(bytes, "esk.bin");
-  EXPECT_EQ(esk->GetEskId(), "Key A");
-  EXPECT_EQ(esk->GetEsk(), -5);
-  EXPECT_EQ(Hex(test::StoreObject(esk.get())), Hex(bytes));
-}
-
 TEST(ArchiveVectors, BackReferencesGiveTheSameObjectAgain) {
   const std::vector<BYTE> bytes = ReadTestFile("vectors/backref_list.bin");
   CArchive ar(bytes.data(), bytes.size(), "backref_list.bin");
