@@ -2,6 +2,9 @@
 // constructor defaults and the load reads every byte of the object, no more and no fewer.
 #include <gtest/gtest.h>
 
+#include <string>
+
+#include <persona/io/field_text.h>
 #include <persona/systems/conv_system.h>
 #include <persona/systems/p25_conv_system.h>
 #include <persona/systems/p25_trk_system.h>
@@ -24,6 +27,15 @@ Bytes System(const char* cls, WORD schema, const char* name, BYTE type) {
   return b;
 }
 
+// Expects each "Field=value" to be the text of that field of rec.
+void ExpectFields(const CObject& rec, std::initializer_list<std::string> fields) {
+  for (const std::string& f : fields) {
+    std::string got = "<no such field>";
+    GetFieldText(rec, f.substr(0, f.find('=')), got);
+    EXPECT_EQ(f.substr(f.find('=') + 1), got) << f;
+  }
+}
+
 // The CTrunkSystem part up to the conventional priority transmit switch.
 Bytes& TrunkHead(Bytes& b) {
   b.U16(1).Str("SCAN1").U8(0).U8(0).U8(0).U16(21).U16(22).U16(23);
@@ -34,20 +46,10 @@ Bytes& TrunkHead(Bytes& b) {
 TEST(SystemOldSchemas, TrunkedSchemaOneHasNoKeyNoHostNoDataLid) {
   Bytes bytes = System("CTrunkSystem", 1, "NORTH", 0);
   auto sys = LoadWhole<CTrunkSystem>(TrunkHead(bytes));
-  EXPECT_EQ(sys->GetName(), "NORTH");
-  EXPECT_EQ(sys->GetPowerLevel(), 3);
-  EXPECT_EQ(sys->GetQuenbyButton2(), 0xC6);
-  ASSERT_EQ(sys->GetNumScannedSystems(), 1);
-  EXPECT_EQ(sys->GetScannedSystemAt(0), "SCAN1");
-  EXPECT_EQ(sys->GetSite(), 23);
-  EXPECT_EQ(sys->GetSpCallSetName(), "SPS");
-  EXPECT_EQ(sys->GetCnvPriChannel(), "CNVCH");
-  EXPECT_EQ(sys->GetCnvPriTx(), 1);
-  EXPECT_EQ(sys->GetESK(), 0);
-  EXPECT_EQ(sys->GetEskName(), "");
-  EXPECT_EQ(sys->CSystem::GetESK(), 0);
-  EXPECT_EQ(sys->GetVeskaHostUdpPortNum(), 1027);
-  EXPECT_EQ(sys->GetDataLid(), 1);
+  ExpectFields(
+      *sys, {"Name=NORTH", "PowerLevel=3", "QuenbyButton2=198", "ScannedSystems=SCAN1", "Site=23",
+             "SpCallSetName=SPS", "CnvPriChannel=CNVCH", "CnvPriTx=1", "TrunkESK=0",
+             "TrunkEskName=", "ESK=0", "VeskaHostUdpPortNum=1027", "DataLid=1"});
 }
 
 TEST(SystemOldSchemas, MessagingSchemaOneHasNoScanListAndSchemaTwoHasOne) {
@@ -102,21 +104,10 @@ TEST(SystemOldSchemas, P25TrunkedSchemaElevenSkipsBaseKeyAndDataLids) {
   bytes.U8(6).U16(15).Put<short>(-16).U16(17).U32(851000000).Str("HOME").U32(4242);
   bytes.U16(0x1A).U16(0x2B).U8(1);  // schemas 10 and 11
   auto sys = LoadWhole<CP25TrkSystem>(bytes);
-  EXPECT_EQ(sys->CSystem::GetESK(), 0);
-  EXPECT_EQ(sys->CSystem::GetEskName(), "");
-  EXPECT_EQ(sys->GetESK(), 5);
-  EXPECT_EQ(sys->GetEskName(), "TrunkKey");
-  EXPECT_EQ(sys->GetVeskaHostIpAddr(), 0x0A000001u);
-  EXPECT_EQ(sys->GetDataLid(), 1);
-  EXPECT_EQ(sys->GetSystemNac(), 0x293);
-  EXPECT_EQ(sys->GetAlgorithmId(), 0x84);
-  EXPECT_EQ(sys->GetAllCallKeyId(), 14);
-  EXPECT_EQ(sys->GetDefaultTxOffset(), -16);
-  EXPECT_EQ(sys->GetHomeWanName(), "HOME");
-  EXPECT_EQ(sys->GetHomeUnitId(), 4242u);
-  EXPECT_EQ(sys->GetSiteId(), 0x2B);
-  EXPECT_EQ(sys->GetCcTxReq(), 1);
-  EXPECT_EQ(sys->GetFneDataLid(), 0xFFFFFDu);
+  ExpectFields(*sys, {"ESK=0", "EskName=", "TrunkESK=5", "TrunkEskName=TrunkKey",
+                      "VeskaHostIpAddr=167772161", "DataLid=1", "SystemNac=659", "AlgorithmId=132",
+                      "AllCallKeyId=14", "DefaultTxOffset=-16", "HomeWanName=HOME",
+                      "HomeUnitId=4242", "SiteId=43", "CcTxReq=1", "FneDataLid=16777213"});
 }
 
 TEST(SystemOldSchemas, ConventionalSchemaTwelveReadsBaseKeyOnce) {
@@ -125,10 +116,7 @@ TEST(SystemOldSchemas, ConventionalSchemaTwelveReadsBaseKeyOnce) {
   Bytes bytes = System("CConvSystem", 12, "CONV", 1);
   for (BYTE b = 1; b <= 6; ++b) bytes.U8(b);
   auto sys = LoadWhole<CConvSystem>(bytes.U16(7).Str("CVS").Str("PHS").U8(8).U8(9));
-  EXPECT_EQ(sys->GetESK(), 44);
-  EXPECT_EQ(sys->GetEskName(), "BaseKey");
-  EXPECT_EQ(sys->GetToneSeq(), 8);
-  EXPECT_EQ(sys->GetCgSel(), 9);
+  ExpectFields(*sys, {"ESK=44", "EskName=BaseKey", "ToneSeq=8", "CgSel=9"});
 }
 
 }  // namespace
