@@ -125,24 +125,11 @@ TEST(ConvChannel, LoadsEveryOlderSchemaWithLaterFieldsAtTheirDefaults) {
 }
 
 void FillSet(CConvSet& set) {
-  set.SetName("CITY");
-  set.SetTxMinFreq(150.0);
-  set.SetTxMaxFreq(174.0);
-  set.SetRxMinFreq(136.0);
-  set.SetRxMaxFreq(174.0);
-  set.SetHomeChan("CH1");
-  set.SetP1Chan("CH2");
-  set.SetP2Chan("CH1");
-  set.SetWideScanChan("CH3");
-  set.SetAltPttChan("CH2");
-  set.SetDtmf(1);
-  set.SetT99wcg(0);
-  set.SetT99Super(1);
-  set.SetT99Group(2);
-  set.SetT99IndvDec(3);
-  set.SetT99QuickCall(4);
-  set.SetT99ToneSet(0x0506);
-  set.SetDataCCT(600);
+  test::SetFields(
+      set, {"Name=CITY", "TxMinFreq=150", "TxMaxFreq=174", "RxMinFreq=136", "RxMaxFreq=174",
+            "HomeChan=CH1", "P1Chan=CH2", "P2Chan=CH1", "WideScanChan=CH3", "AltPttChan=CH2",
+            "Dtmf=1", "T99wcg=0", "T99Super=1", "T99Group=2", "T99IndvDec=3", "T99QuickCall=4",
+            "T99ToneSet=1286", "DataCCT=600"});
   set.Add(test::Channel<CConvChannel>("CH1", 154.25, 154.25));
   set.Add(test::Channel<CConvChannel>("CH2", 0.0, 155.5));
 }
@@ -159,23 +146,14 @@ TEST(ConvSet, LoadsOlderSchemas) {
   };
   std::vector<std::unique_ptr<CObject>> pool;
   auto s1 = test::LoadSharing<CConvSet>(setBytes(1), pool);
-  EXPECT_EQ(0, s1->GetDtmf());
-  EXPECT_EQ(0, s1->GetT99Super());
-  EXPECT_EQ(0, s1->GetT99ToneSet());
-  EXPECT_EQ(0, s1->GetDataCCT());
-  EXPECT_EQ("", s1->GetAltPttChan());
-  EXPECT_DOUBLE_EQ(136.0, s1->GetRxMinFreq());
-  EXPECT_DOUBLE_EQ(174.0, s1->GetTxMaxFreq());
-  EXPECT_EQ("W", s1->GetWideScanChan());
+  test::ExpectFields(*s1, {"Dtmf=0", "T99Super=0", "T99ToneSet=0", "DataCCT=0",
+                           "AltPttChan=", "RxMinFreq=136", "TxMaxFreq=174", "WideScanChan=W"});
   auto s2 = test::LoadSharing<CConvSet>(setBytes(2), pool);
-  EXPECT_EQ(1, s2->GetT99wcg());
-  EXPECT_EQ(7, s2->GetT99ToneSet());
-  EXPECT_EQ(0, s2->GetDataCCT());
+  test::ExpectFields(*s2, {"T99wcg=1", "T99ToneSet=7", "DataCCT=0"});
   auto s3 = test::LoadSharing<CConvSet>(setBytes(3), pool);
-  EXPECT_EQ(30, s3->GetDataCCT());
-  EXPECT_EQ("", s3->GetAltPttChan());
+  test::ExpectFields(*s3, {"DataCCT=30", "AltPttChan="});
   auto s4 = test::LoadSharing<CConvSet>(setBytes(4), pool);
-  EXPECT_EQ("ALT", s4->GetAltPttChan());
+  test::ExpectFields(*s4, {"AltPttChan=ALT"});
   EXPECT_EQ(Hex(setBytes(4)), Hex(test::StoreObject(s4.get())));
 }
 

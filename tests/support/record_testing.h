@@ -4,6 +4,7 @@
 // load repairs in the record's own tests.
 #pragma once
 
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <vector>
@@ -59,6 +60,14 @@ std::string DumpFields(CObject& rec);
 
 // Names of the described fields of rec, in order.
 std::vector<std::string> FieldNames(CObject& rec);
+
+// Sets each "Field=value" of fields through the field's text form (numbers, words of coded
+// fields, lists joined by commas).
+void SetFields(CObject& rec, std::initializer_list<std::string> fields);
+
+// Expects each "Field=value" of fields to be the text form of that described field of rec
+// (numbers as numbers, lists joined by commas).
+void ExpectFields(const CObject& rec, std::initializer_list<std::string> fields);
 
 // Stores rec, loads the bytes back, checks (with gtest assertions) that the loaded record's
 // fields equal rec's and that storing it again gives the same bytes. Returns the bytes.

@@ -2,20 +2,19 @@
 // constructor defaults and the load reads every byte of the object, no more and no fewer.
 #include <gtest/gtest.h>
 
-#include <string>
-
-#include <persona/io/field_text.h>
 #include <persona/systems/conv_system.h>
 #include <persona/systems/p25_conv_system.h>
 #include <persona/systems/p25_trk_system.h>
 #include <persona/systems/plm_system.h>
 #include <persona/systems/trunk_system.h>
 #include "support/bytes.h"
+#include "support/record_testing.h"
 
 namespace persona {
 namespace {
 
 using test::Bytes;
+using test::ExpectFields;
 using test::LoadWhole;
 
 // The class tag and the CSystem part as a system of the class and schema stores them.
@@ -25,15 +24,6 @@ Bytes System(const char* cls, WORD schema, const char* name, BYTE type) {
   for (BYTE v = 0xC0; v < 0xC7; ++v) b.U8(v);
   if (schema >= 12 && schema != 255) b.U16(44).Str("BaseKey");
   return b;
-}
-
-// Expects each "Field=value" to be the text of that field of rec.
-void ExpectFields(const CObject& rec, std::initializer_list<std::string> fields) {
-  for (const std::string& f : fields) {
-    std::string got = "<no such field>";
-    GetFieldText(rec, f.substr(0, f.find('=')), got);
-    EXPECT_EQ(f.substr(f.find('=') + 1), got) << f;
-  }
 }
 
 // The CTrunkSystem part up to the conventional priority transmit switch.
