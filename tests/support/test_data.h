@@ -1,5 +1,5 @@
-// Test helpers: reading the archive vectors and other files of tests/data, and running a
-// store or a load over memory.
+// Test helpers: reading the archive vectors and other files of tests/data, running a store or
+// a load over memory, fresh temporary folders, and the library's own record classes.
 #pragma once
 
 #include <memory>
