@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <sstream>
+#include <string>
 #include <type_traits>
 
 #include "support/bytes.h"
@@ -18,76 +20,47 @@ using test::Bytes;
 using test::ExpectLines;
 using test::Hex;
 
-// The channel's archive layout as the format gives it: field, width in bytes (0 for a string,
-// 8 for a double) and the schema that added it.
+// The channel's archive layout as the format gives it: each field, its width in bytes (0 for a
+// string, 8 for a double) and the schema that added it.
 struct LayoutField {
-  const char* name;
+  std::string name;
   int width;
   unsigned since;
 };
-const LayoutField kChannelLayout[] = {
-    {"Name", 0, 1},
-    {"TxFreq", 8, 1},
-    {"RxFreq", 8, 1},
-    {"TxCg", 0, 1},
-    {"RxCg", 0, 1},
-    {"TxAddr", 2, 1},
-    {"RxAddr", 2, 1},
-    {"CCT", 1, 1},
-    {"Scan", 1, 1},
-    {"Backlight", 1, 1},
-    {"AlertTone", 1, 1},
-    {"Power", 1, 1},
-    {"TxBusy", 1, 1},
-    {"FixPower", 1, 1},
-    {"PreAmp", 1, 1},
-    {"Ste", 1, 1},
-    {"T99", 1, 1},
-    {"T99Table", 2, 1},
-    {"Vantor", 1, 1},
-    {"VantorSte", 1, 1},
-    {"VantorCg", 1, 1},
-    {"VantorSend", 2, 1},
-    {"T99SuperGrp", 1, 1},
-    {"T99Grp", 1, 1},
-    {"T99QuickCall", 1, 1},
-    {"T99Indv", 1, 1},
-    {"Os", 1, 1},
-    {"OscShift", 2, 1},
-    {"KwKey", 2, 1},
-    {"T99WithCg", 1, 1},
-    {"BandWidth", 1, 1},
-    {"ToneEncode", 1, 1},
-    {"CtrlUnitOscShift", 1, 3},
-    {"Dtmf", 1, 3},
-    {"MultiTone", 1, 3},
-    {"MessType", 1, 3},
-    {"ICall", 1, 3},
-    {"GroupCall", 1, 3},
-    {"AllCall", 1, 3},
-    {"InterCall", 1, 3},
-    {"RadioDis", 1, 3},
-    {"RadioEn", 1, 3},
-    {"ResetCall", 1, 3},
-    {"Repeater", 1, 3},
-    {"TxInvDcg", 1, 3},
-    {"RxInvDcg", 1, 3},
-    {"TxOs", 1, 4},
-    {"SteRx", 1, 5},
-    {"SignallingOrCG", 1, 6},
-    {"T99AndRxCg", 1, 7},
-    {"TxOscShift", 1, 7},
-    {"RxOscShift", 1, 7},
-    {"UsaPower", 1, 7},
-    {"EuroPower", 1, 7},
-    {"CgBusyLockout", 1, 7},
-    {"2ndLoInj", 1, 7},
-    {"Squelch", 1, 7},
-    {"Npspac", 1, 8},
-    {"DataEnable", 1, 9},
-    {"CgSel", 1, 10},
-    {"Talkaround", 1, 10},
-};
+std::vector<LayoutField> ChannelLayout() {
+  const struct {
+    unsigned since;
+    int width;
+    const char* names;  // a run of fields of one width and schema, in order
+  } runs[] = {
+      {1, 0, "Name"},
+      {1, 8, "TxFreq RxFreq"},
+      {1, 0, "TxCg RxCg"},
+      {1, 2, "TxAddr RxAddr"},
+      {1, 1, "CCT Scan Backlight AlertTone Power TxBusy FixPower PreAmp Ste T99"},
+      {1, 2, "T99Table"},
+      {1, 1, "Vantor VantorSte VantorCg"},
+      {1, 2, "VantorSend"},
+      {1, 1, "T99SuperGrp T99Grp T99QuickCall T99Indv Os"},
+      {1, 2, "OscShift KwKey"},
+      {1, 1, "T99WithCg BandWidth ToneEncode"},
+      {3, 1,
+       "CtrlUnitOscShift Dtmf MultiTone MessType ICall GroupCall AllCall InterCall "
+       "RadioDis RadioEn ResetCall Repeater TxInvDcg RxInvDcg"},
+      {4, 1, "TxOs"},
+      {5, 1, "SteRx"},
+      {6, 1, "SignallingOrCG"},
+      {7, 1, "T99AndRxCg TxOscShift RxOscShift UsaPower EuroPower CgBusyLockout 2ndLoInj Squelch"},
+      {8, 1, "Npspac"},
+      {9, 1, "DataEnable"},
+      {10, 1, "CgSel Talkaround"}};
+  std::vector<LayoutField> layout;
+  for (const auto& run : runs) {
+    std::istringstream names(run.names);
+    for (std::string name; names >> name;) layout.push_back({name, run.width, run.since});
+  }
+  return layout;
+}
 
 // The described fields of a record by name: numbers as integers, doubles and strings as text.
 struct FieldMap {
@@ -115,7 +88,7 @@ FieldMap MapOf(CObject& rec) {
 // of the record's fields.
 Bytes& AppendChannel(Bytes& b, CConvChannel& c, unsigned schema = 10) {
   const FieldMap map = MapOf(c);
-  for (const LayoutField& f : kChannelLayout) {
+  for (const LayoutField& f : ChannelLayout()) {
     if (f.since > schema) continue;
     if (f.width == 0) b.Str(map.texts.at(f.name));
     if (f.width == 8) b.F64(map.reals.at(f.name));
@@ -138,7 +111,7 @@ TEST(ConvChannel, LoadsEveryOlderSchemaWithLaterFieldsAtTheirDefaults) {
     auto loaded = test::LoadSharing<CConvChannel>(bytes, pool);
     const FieldMap written = MapOf(source);
     const FieldMap read = MapOf(*loaded);
-    for (const LayoutField& f : kChannelLayout) {
+    for (const LayoutField& f : ChannelLayout()) {
       if (f.width != 1 && f.width != 2) continue;
       const long long want =
           f.since <= schema ? written.numbers.at(f.name) : initial.numbers.at(f.name);
@@ -152,24 +125,11 @@ TEST(ConvChannel, LoadsEveryOlderSchemaWithLaterFieldsAtTheirDefaults) {
 }
 
 void FillSet(CConvSet& set) {
-  set.SetName("CITY");
-  set.SetTxMinFreq(150.0);
-  set.SetTxMaxFreq(174.0);
-  set.SetRxMinFreq(136.0);
-  set.SetRxMaxFreq(174.0);
-  set.SetHomeChan("CH1");
-  set.SetP1Chan("CH2");
-  set.SetP2Chan("CH1");
-  set.SetWideScanChan("CH3");
-  set.SetAltPttChan("CH2");
-  set.SetDtmf(1);
-  set.SetT99wcg(0);
-  set.SetT99Super(1);
-  set.SetT99Group(2);
-  set.SetT99IndvDec(3);
-  set.SetT99QuickCall(4);
-  set.SetT99ToneSet(0x0506);
-  set.SetDataCCT(600);
+  test::SetFields(
+      set, {"Name=CITY", "TxMinFreq=150", "TxMaxFreq=174", "RxMinFreq=136", "RxMaxFreq=174",
+            "HomeChan=CH1", "P1Chan=CH2", "P2Chan=CH1", "WideScanChan=CH3", "AltPttChan=CH2",
+            "Dtmf=1", "T99wcg=0", "T99Super=1", "T99Group=2", "T99IndvDec=3", "T99QuickCall=4",
+            "T99ToneSet=1286", "DataCCT=600"});
   set.Add(test::Channel<CConvChannel>("CH1", 154.25, 154.25));
   set.Add(test::Channel<CConvChannel>("CH2", 0.0, 155.5));
 }
@@ -186,23 +146,14 @@ TEST(ConvSet, LoadsOlderSchemas) {
   };
   std::vector<std::unique_ptr<CObject>> pool;
   auto s1 = test::LoadSharing<CConvSet>(setBytes(1), pool);
-  EXPECT_EQ(0, s1->GetDtmf());
-  EXPECT_EQ(0, s1->GetT99Super());
-  EXPECT_EQ(0, s1->GetT99ToneSet());
-  EXPECT_EQ(0, s1->GetDataCCT());
-  EXPECT_EQ("", s1->GetAltPttChan());
-  EXPECT_DOUBLE_EQ(136.0, s1->GetRxMinFreq());
-  EXPECT_DOUBLE_EQ(174.0, s1->GetTxMaxFreq());
-  EXPECT_EQ("W", s1->GetWideScanChan());
+  test::ExpectFields(*s1, {"Dtmf=0", "T99Super=0", "T99ToneSet=0", "DataCCT=0",
+                           "AltPttChan=", "RxMinFreq=136", "TxMaxFreq=174", "WideScanChan=W"});
   auto s2 = test::LoadSharing<CConvSet>(setBytes(2), pool);
-  EXPECT_EQ(1, s2->GetT99wcg());
-  EXPECT_EQ(7, s2->GetT99ToneSet());
-  EXPECT_EQ(0, s2->GetDataCCT());
+  test::ExpectFields(*s2, {"T99wcg=1", "T99ToneSet=7", "DataCCT=0"});
   auto s3 = test::LoadSharing<CConvSet>(setBytes(3), pool);
-  EXPECT_EQ(30, s3->GetDataCCT());
-  EXPECT_EQ("", s3->GetAltPttChan());
+  test::ExpectFields(*s3, {"DataCCT=30", "AltPttChan="});
   auto s4 = test::LoadSharing<CConvSet>(setBytes(4), pool);
-  EXPECT_EQ("ALT", s4->GetAltPttChan());
+  test::ExpectFields(*s4, {"AltPttChan=ALT"});
   EXPECT_EQ(Hex(setBytes(4)), Hex(test::StoreObject(s4.get())));
 }
 

@@ -12,6 +12,7 @@ namespace persona {
 namespace {
 
 using test::Bytes;
+using test::ExpectFields;
 using test::Hex;
 
 TEST(P25ConvSet, LoadsOlderChannelSchemas) {
@@ -28,19 +29,12 @@ TEST(P25ConvSet, LoadsOlderChannelSchemas) {
   };
   std::vector<std::unique_ptr<CObject>> pool;
   auto s1 = test::LoadSharing<CP25ConvSet>(setWith(1), pool);
-  const CP25ConvChannel* c1 = s1->GetChannelAt(0);
-  EXPECT_EQ(0, c1->GetPreAmp());
-  EXPECT_EQ(1, c1->GetCgSel());
-  EXPECT_EQ(1, c1->GetTalkaround());
-  EXPECT_EQ(0, c1->GetBacklight());
-  EXPECT_EQ(0, c1->GetPower());
-  EXPECT_EQ(2, c1->GetRxNac());
+  ExpectFields(*s1->GetChannelAt(0),
+               {"PreAmp=0", "CgSel=1", "Talkaround=1", "Backlight=0", "Power=0", "RxNac=2"});
   auto s2 = test::LoadSharing<CP25ConvSet>(setWith(2), pool);
-  EXPECT_EQ(1, s2->GetChannelAt(0)->GetPreAmp());
-  EXPECT_EQ(1, s2->GetChannelAt(0)->GetTalkaround());
+  ExpectFields(*s2->GetChannelAt(0), {"PreAmp=1", "Talkaround=1"});
   auto s3 = test::LoadSharing<CP25ConvSet>(setWith(3), pool);
-  EXPECT_EQ(0, s3->GetChannelAt(0)->GetCgSel());
-  EXPECT_EQ(0, s3->GetChannelAt(0)->GetTalkaround());
+  ExpectFields(*s3->GetChannelAt(0), {"CgSel=0", "Talkaround=0"});
   EXPECT_EQ(Hex(setWith(3)), Hex(test::StoreObject(s3.get())));
 }
 

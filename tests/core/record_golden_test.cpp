@@ -78,88 +78,43 @@ Assign PointerAssign() {
   }
 }
 
+// Whether T prints an option report block of its own.
+template <class T, class = void>
+constexpr bool kPrintsOptionBlock = false;
 template <class T>
-Entry Opt() {
-  return {T::GetThisClass(), OptionPrinter<T>(), PointerAssign<T>()};
+constexpr bool kPrintsOptionBlock<T, std::void_t<decltype(&T::printOptToBuffer)>> = true;
+
+// Sets print their set block, option records with a block of their own print it, the others
+// (systems, keys, list elements, records printed inside their owner's block) have none here.
+template <class T>
+Printer PrinterOf() {
+  if constexpr (std::is_base_of_v<CSet, T>) {
+    return SetPrinter<T>();
+  } else if constexpr (kPrintsOptionBlock<T>) {
+    return OptionPrinter<T>();
+  } else {
+    return nullptr;
+  }
 }
-template <class T>
-Entry Set() {
-  return {T::GetThisClass(), SetPrinter<T>(), PointerAssign<T>()};
-}
-template <class T>
-Entry Plain() {
-  return {T::GetThisClass(), nullptr, PointerAssign<T>()};
+
+template <class... T>
+std::vector<Entry> EntriesOf() {
+  return {Entry{T::GetThisClass(), PrinterOf<T>(), PointerAssign<T>()}...};
 }
 
 std::vector<Entry> Entries() {
-  return {Opt<CAgencyData>(),
-          Opt<CExtAddAgencyData>(),
-          Opt<CAlarmOpts>(),
-          Opt<CAlertOpts>(),
-          Opt<CCoyle300Opts>(),
-          Opt<CSilCustomOpts>(),
-          Opt<COstrelCustomOpts>(),
-          Opt<CKorvex2CustomOpts>(),
-          Opt<CDataOpts>(),
-          Opt<CDiagnosticOpts>(),
-          Opt<CDisplayOpts>(),
-          Opt<CDualCtrlOpts>(),
-          Opt<CGenRadioOpts>(),
-          Opt<CIgnitionOpts>(),
-          Opt<CKeypadCtrlOpts>(),
-          Plain<CKeypadCtrlOpts_E1>(),
-          Plain<CKeypadCtrlOpts_E2>(),
-          Opt<CKwOpts>(),
-          Opt<CLumoOpts>(),
-          Plain<CFennOpts>(),
-          Plain<CMacro>(),
-          Opt<CMmsOpts>(),
-          Opt<CMosaicOpts>(),
-          Opt<CNetworkOpts>(),
-          Plain<CMultipleRadioSonvraOpts>(),
-          Opt<CP25OtarOpts>(),
-          Opt<CP25tWanOpts>(),
-          Opt<CPellamOpts>(),
-          Opt<CPowerUpOpts>(),
-          Opt<CPrgrmICall>(),
-          Opt<CPrgrmPhoneCall>(),
-          Opt<CR917Opts>(),
-          Opt<CScanOpts>(),
-          Plain<CConvScanOpts>(),
-          Plain<CLumoConvScanOpts>(),
-          Opt<CScratchPadOpts>(),
-          Opt<CSirenLightsOpts>(),
-          Opt<CSonvraOpts>(),
-          Opt<CExtSpkrOpts>(),
-          Opt<CPubAddOpts>(),
-          Plain<CStatusMessage>(),
-          Opt<CStatus>(),
-          Plain<CMessage>(),
-          Opt<CSupervisoryOpts>(),
-          Opt<CSystemScanOpts>(),
-          Opt<CTimerOpts>(),
-          Opt<CToneEncode>(),
-          Opt<CVantorOpts>(),
-          Opt<CZemoOpts>(),
-          Plain<CEskData>(),
-          Set<CTrunkSet>(),
-          Set<CConvSet>(),
-          Set<CGroupSet>(),
-          Set<CPhoneSet>(),
-          Set<CICallSet>(),
-          Set<CSpCallSet>(),
-          Set<CPlmGroupSet>(),
-          Set<CPlmSpCallSet>(),
-          Set<CP25ConvSet>(),
-          Set<CP25GroupSet>(),
-          Set<CExtAddGroupSet>(),
-          Plain<CSystem>(),
-          Plain<CTrunkSystem>(),
-          Plain<CExtAddSystem>(),
-          Plain<CP25TrkSystem>(),
-          Plain<CConvSystem>(),
-          Plain<CPlmSystem>(),
-          Plain<CP25ConvSystem>()};
+  return EntriesOf<
+      CAgencyData, CExtAddAgencyData, CAlarmOpts, CAlertOpts, CCoyle300Opts, CSilCustomOpts,
+      COstrelCustomOpts, CKorvex2CustomOpts, CDataOpts, CDiagnosticOpts, CDisplayOpts,
+      CDualCtrlOpts, CGenRadioOpts, CIgnitionOpts, CKeypadCtrlOpts, CKeypadCtrlOpts_E1,
+      CKeypadCtrlOpts_E2, CKwOpts, CLumoOpts, CFennOpts, CMacro, CMmsOpts, CMosaicOpts,
+      CNetworkOpts, CMultipleRadioSonvraOpts, CP25OtarOpts, CP25tWanOpts, CPellamOpts, CPowerUpOpts,
+      CPrgrmICall, CPrgrmPhoneCall, CR917Opts, CScanOpts, CConvScanOpts, CLumoConvScanOpts,
+      CScratchPadOpts, CSirenLightsOpts, CSonvraOpts, CExtSpkrOpts, CPubAddOpts, CStatusMessage,
+      CStatus, CMessage, CSupervisoryOpts, CSystemScanOpts, CTimerOpts, CToneEncode, CVantorOpts,
+      CZemoOpts, CEskData, CTrunkSet, CConvSet, CGroupSet, CPhoneSet, CICallSet, CSpCallSet,
+      CPlmGroupSet, CPlmSpCallSet, CP25ConvSet, CP25GroupSet, CExtAddGroupSet, CSystem,
+      CTrunkSystem, CExtAddSystem, CP25TrkSystem, CConvSystem, CPlmSystem, CP25ConvSystem>();
 }
 
 // A record of cls with small values; a set gets two elements of its element class.

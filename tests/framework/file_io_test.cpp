@@ -2,7 +2,6 @@
 // was there byte for byte, and leaves no temporary file behind.
 #include <gtest/gtest.h>
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
@@ -12,7 +11,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <functional>
 #include <string>
 #include <thread>
@@ -23,28 +21,13 @@
 #include <persona/io/personality_file.h>
 #include <persona/personality/personality.h>
 #include <persona/systems/trunk_set.h>
+#include "support/test_data.h"
 
 namespace persona {
 namespace {
 
-std::string FreshDir(const std::string& name) {
-  const std::string dir = ::testing::TempDir() + "/persona_" + name;
-  std::system(("rm -rf '" + dir + "' && mkdir -p '" + dir + "'").c_str());
-  return dir;
-}
-
-std::vector<std::string> Entries(const std::string& dir) {
-  std::vector<std::string> out;
-  if (DIR* d = opendir(dir.c_str())) {
-    while (dirent* e = readdir(d)) {
-      const std::string name = e->d_name;
-      if (name != "." && name != "..") out.push_back(name);
-    }
-    closedir(d);
-  }
-  std::sort(out.begin(), out.end());
-  return out;
-}
+using test::Entries;
+using test::FreshDir;
 
 // A file that accepts `budget` bytes, then fails like a full disk; or fails when flushed.
 class FaultyFile : public CFile {

@@ -5,10 +5,7 @@
 // inputs stay current.
 #include <gtest/gtest.h>
 
-#include <dirent.h>
 #include <algorithm>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -23,12 +20,15 @@
 #include <persona/systems/group_set.h>
 #include <persona/systems/trunk_set.h>
 #include "support/bytes.h"
+#include "support/expect.h"
 #include "support/test_data.h"
 
 namespace persona {
 namespace {
 
 using Bytes = std::vector<BYTE>;
+using test::HasSubstr;
+using test::StartsWith;
 
 Bytes Concat(std::initializer_list<Bytes> parts) {
   Bytes out;
@@ -49,16 +49,11 @@ std::size_t ReplaceOnce(Bytes& bytes, const Bytes& needle, const Bytes& replacem
 
 // Loads bytes as a personality file named name and returns the failure it raises.
 CArchiveException LoadFailure(const Bytes& bytes, const std::string& name) {
-  try {
-    LoadPersonalityBytes(bytes.data(), bytes.size(), name);
-  } catch (const CArchiveException& e) {
-    EXPECT_EQ(e.m_strFileName, name);
-    EXPECT_EQ(std::string(e.what()).rfind(name + ": byte " + std::to_string(e.m_offset), 0), 0u)
-        << e.what();
-    return e;
-  }
-  ADD_FAILURE() << name << " loaded";
-  return CArchiveException(CArchiveException::none, name, 0, "");
+  const auto e = test::Caught<CArchiveException>(
+      [&] { LoadPersonalityBytes(bytes.data(), bytes.size(), name); });
+  EXPECT_EQ(e.m_strFileName, name);
+  EXPECT_THAT(e.what(), StartsWith(name + ": byte " + std::to_string(e.m_offset)));
+  return e;
 }
 
 // Bytes of the class tag of a root CPersonality; its fields follow.
@@ -103,7 +98,7 @@ TEST(HostileCounts, ListCountsBeyondTheBytesLeftAreRefusedAtTheCount) {
     const CArchiveException e = LoadFailure(f.bytes, "count.pers");
     EXPECT_EQ(e.m_cause, CArchiveException::endOfFile) << c.what;
     EXPECT_EQ(e.m_offset, at + c.count.size()) << c.what;
-    EXPECT_NE(std::string(e.what()).find(c.what), std::string::npos) << e.what();
+    EXPECT_THAT(e.what(), HasSubstr(c.what));
   }
 }
 
@@ -130,20 +125,19 @@ TEST(HostileCounts, StringLengthsBeyondTheBytesLeftAreRefusedBeforeReading) {
     const CArchiveException e = LoadFailure(bytes, "string.pers");
     EXPECT_EQ(e.m_cause, CArchiveException::endOfFile) << c.what;
     EXPECT_EQ(e.m_offset, header + c.prefix.size()) << c.what;
-    EXPECT_NE(std::string(e.what()).find(c.what), std::string::npos) << e.what();
+    EXPECT_THAT(e.what(), HasSubstr(c.what));
   }
   // A wide string whose unit count fits the bytes left but whose bytes do not.
   Bytes wide = Concat({tag, {0xFF, 0xFE, 0xFF, 0x10}, Bytes(20, 'a')});
   const CArchiveException e = LoadFailure(wide, "wide.pers");
   EXPECT_EQ(e.m_cause, CArchiveException::endOfFile);
-  EXPECT_NE(std::string(e.what()).find("16 wide characters"), std::string::npos) << e.what();
+  EXPECT_THAT(e.what(), HasSubstr("16 wide characters"));
 }
 
 // One level of a personality nested in the option list of the one before: a class reference
 // to CPersonality (index 1), an empty header, nine empty lists and an option list of one.
 Bytes NestedPersonalities(std::size_t levels) {
-  Bytes bytes = {0xFF, 0xFF, 0x04, 0x00, 0x0C, 0x00, 'C', 'P', 'e',
-                 'r',  's',  'o',  'n',  'a',  'l',  'i', 't', 'y'};
+  Bytes bytes = test::Bytes("CPersonality", 4).bytes();
   Bytes level(1 + 2 * 10, 0x00);
   level.insert(level.end(), {0x01, 0x00});
   bytes.insert(bytes.end(), level.begin(), level.end());
@@ -159,11 +153,10 @@ TEST(HostileNesting, PersonalitiesInsideOptionListsStopAtTheDepthLimit) {
   const Bytes bytes = NestedPersonalities(200000);
   const CArchiveException e = LoadFailure(bytes, "deep.pers");
   EXPECT_EQ(e.m_cause, CArchiveException::genericException);
-  EXPECT_NE(std::string(e.what()).find("nested more than 32 levels"), std::string::npos)
-      << e.what();
+  EXPECT_THAT(e.what(), HasSubstr("nested more than 32 levels"));
   // Reported at the class reference of the record that would be the 33rd level.
   EXPECT_EQ(e.m_offset, kRootTag + 23 + 31u * 25);
-  EXPECT_NE(std::string(e.what()).find("a CPersonality nested"), std::string::npos);
+  EXPECT_THAT(e.what(), HasSubstr("a CPersonality nested"));
 }
 
 // A personality with a trunk set (one channel, key list of one key), a conventional set (one
@@ -207,8 +200,7 @@ TEST(HostileClasses, AKeyListEntryOfAnotherClassIsRefused) {
   const CArchiveException e = LoadFailure(bytes, "class.pers");
   EXPECT_EQ(e.m_cause, CArchiveException::badClass);
   EXPECT_EQ(e.m_offset, at);
-  EXPECT_NE(std::string(e.what()).find("a CGroup where a CEskData is expected"), std::string::npos)
-      << e.what();
+  EXPECT_THAT(e.what(), HasSubstr("a CGroup where a CEskData is expected"));
 }
 
 TEST(HostileClasses, ABackReferenceToARecordOfAnotherClassIsRefused) {
@@ -226,9 +218,7 @@ TEST(HostileClasses, ABackReferenceToARecordOfAnotherClassIsRefused) {
     EXPECT_EQ(e.m_cause, CArchiveException::badClass);
     EXPECT_EQ(e.m_offset, at);
     const std::string cls = index == 6 ? "CTrunkChannel" : "CTrunkSet";
-    EXPECT_NE(std::string(e.what()).find("reference to a " + cls + " where a CEskData is expected"),
-              std::string::npos)
-        << e.what();
+    EXPECT_THAT(e.what(), HasSubstr("reference to a " + cls + " where a CEskData is expected"));
   }
 }
 
@@ -295,38 +285,27 @@ TEST(HalfWayFailures, AFailedLoadIntoAPersonalityLeavesItEmptied) {
 const std::string kFuzzDir = std::string(PERSONA_TEST_DATA_DIR) + "/../../fuzz";
 
 std::string ReadText(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  EXPECT_TRUE(in) << path;
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
+  const std::vector<BYTE> bytes = ReadWholeFile(path);
+  return std::string(bytes.begin(), bytes.end());
 }
 
 std::vector<std::string> FilesIn(const std::string& dir) {
   std::vector<std::string> out;
-  if (DIR* d = opendir(dir.c_str())) {
-    while (dirent* e = readdir(d)) {
-      if (e->d_name[0] != '.') out.push_back(dir + "/" + e->d_name);
-    }
-    closedir(d);
-  }
+  for (const std::string& name : test::Entries(dir)) out.push_back(dir + "/" + name);
   return out;
 }
-
-// The library's classes, taken before any test registers helper classes of its own.
-const std::vector<const CRuntimeClass*> kLibraryClasses = CRuntimeClass::RegisteredClasses();
 
 TEST(FuzzInputs, DictionariesNameEveryRegisteredClass) {
   const std::string archive = ReadText(kFuzzDir + "/archive.dict");
   const std::string json = ReadText(kFuzzDir + "/json.dict");
-  const std::vector<const CRuntimeClass*>& classes = kLibraryClasses;
+  const std::vector<const CRuntimeClass*>& classes = test::LibraryClasses();
   EXPECT_GT(classes.size(), 50u);
   for (const CRuntimeClass* cls : classes) {
     const std::string name = cls->m_lpszClassName;
     EXPECT_EQ(CRuntimeClass::FromName(name.c_str()), cls);
-    EXPECT_NE(archive.find("\n\"" + name + "\"\n"), std::string::npos)
+    EXPECT_THAT(archive, HasSubstr("\n\"" + name + "\"\n"))
         << name << " is missing: regenerate with make_seeds";
-    EXPECT_NE(json.find("\"\\x22" + name + "\\x22\"\n"), std::string::npos) << name;
+    EXPECT_THAT(json, HasSubstr("\"\\x22" + name + "\\x22\"\n")) << name;
   }
 }
 

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -182,8 +181,7 @@ TEST(ForeignRecords, EveryOperationTreatsThemByClass) {
 }
 
 TEST(ForeignRecords, RefreshReplacesASetOfAnotherClassByTheFile) {
-  const std::string dir = ::testing::TempDir() + "/persona_foreign_refresh";
-  ASSERT_EQ(std::system(("rm -rf '" + dir + "' && mkdir -p '" + dir + "'").c_str()), 0);
+  const std::string dir = test::FreshDir("foreign_refresh");
   auto* p = Mixed().release();
   std::unique_ptr<CPersonality> owner(p);
   const CString name(AlienName(EaGroupSetType).c_str());

@@ -21,6 +21,7 @@
 #include <persona/report/personality_ops.h>
 #include <persona/systems/system.h>
 #include "integrity/sample_personality.h"
+#include "support/expect.h"
 #include "support/record_testing.h"
 
 namespace persona {
@@ -234,7 +235,7 @@ TEST(References, EveryNameFieldFollowsRenamesAndDeletions) {
     for (std::size_t i = 0; i < row.sites.size(); ++i) {
       const std::string now = after.at({sites[i].first, row.sites[i].field});
       if (row.Rename()) {
-        EXPECT_NE(now.find(row.Part(4)), std::string::npos) << row.sites[i].field << " = " << now;
+        EXPECT_THAT(now, test::HasSubstr(row.Part(4))) << row.sites[i].field;
       } else {
         EXPECT_LT(now.size(), sites[i].second.size()) << row.sites[i].field << " = " << now;
       }
@@ -288,12 +289,7 @@ TEST(References, CaseOnlySetRenameAndScanListDeletion) {
 // field; names that are not unique fall back to positions; quoting keeps odd names typeable;
 // paths that name nothing say which segment is wrong.
 std::string ErrorOf(CPersonality& p, const std::string& path) {
-  try {
-    ResolvePath(p, path);
-  } catch (const PathError& e) {
-    return e.what();
-  }
-  return "resolved";
+  return test::Caught<PathError>([&] { ResolvePath(p, path); }).what();
 }
 
 TEST(RecordPath, EveryReferencePathResolvesToItsField) {

@@ -12,6 +12,7 @@
 #include <persona/options/scratch_pad_opts.h>
 #include <persona/personality/personality.h>
 #include <persona/systems/plm_group_set.h>
+#include "support/expect.h"
 
 namespace persona {
 namespace {
@@ -23,12 +24,7 @@ std::string Get(const CObject& rec, const char* field, bool words = false) {
 }
 
 std::string Refusal(CObject& rec, const char* field, const char* text) {
-  try {
-    SetFieldText(rec, field, text);
-  } catch (const FieldTextError& e) {
-    return e.what();
-  }
-  return "accepted";
+  return test::Caught<FieldTextError>([&] { SetFieldText(rec, field, text); }).what();
 }
 
 TEST(FieldText, CodedSwitchAndHexFieldsTakeWordsOrNumbers) {

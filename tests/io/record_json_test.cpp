@@ -17,11 +17,16 @@
 #include <persona/systems/esk_data.h>
 #include <persona/systems/trunk_set.h>
 #include "sample/sample_personality.h"
+#include "support/expect.h"
 #include "support/record_testing.h"
 #include "support/test_data.h"
 
 namespace persona {
 namespace {
+
+using test::HasSubstr;
+using test::StartsWith;
+using ::testing::AllOf;
 
 // A record that refers to key records it does not own, as trunk and group sets do, and to
 // shared records of any class.
@@ -89,9 +94,9 @@ TEST_F(RecordJson, SharedRecordsStaySharedAndBytesSurvive) {
   JsonExporter exporter;
   const Json doc = exporter.Export(set);
   const std::string text = doc.dump();
-  EXPECT_NE(text.find(R"("Keys":[{"$class":"CEskData","$id":1,)"), std::string::npos) << text;
-  EXPECT_NE(text.find(R"("Keys":[{"$ref":1}])"), std::string::npos) << text;
-  EXPECT_NE(text.find(R"("Freq":{"$f64":"7ffabcdef0123456"})"), std::string::npos) << text;
+  EXPECT_THAT(text, AllOf(HasSubstr(R"("Keys":[{"$class":"CEskData","$id":1,)"),
+                          HasSubstr(R"("Keys":[{"$ref":1}])"),
+                          HasSubstr(R"("Freq":{"$f64":"7ffabcdef0123456"})")));
 
   ImportedRecords back = ImportRecords(Json::parse(text), RUNTIME_CLASS(CSet), "set.json");
   ASSERT_EQ(back.shared.size(), 1u);
@@ -141,14 +146,11 @@ TEST_F(RecordJson, DocumentsThatDescribeNoValidRecordsFailWithTheirPointer) {
        "a shared record where a record of its own is expected"},
   };
   for (const BadDoc& c : cases) {
-    try {
-      ImportRecords(Json::parse(c.json), RUNTIME_CLASS(CSet), "bad.json");
-      ADD_FAILURE() << c.json << " was accepted";
-    } catch (const CJsonImportException& e) {
-      EXPECT_EQ(e.m_pointer == "" ? std::string("/") : e.m_pointer, c.pointer) << c.json;
-      EXPECT_NE(std::string(e.what()).find(c.words), std::string::npos) << e.what();
-      EXPECT_EQ(std::string(e.what()).rfind("bad.json: ", 0), 0u) << e.what();
-    }
+    SCOPED_TRACE(c.json);
+    const auto e = test::Caught<CJsonImportException>(
+        [&] { ImportRecords(Json::parse(c.json), RUNTIME_CLASS(CSet), "bad.json"); });
+    EXPECT_EQ(e.m_pointer == "" ? std::string("/") : e.m_pointer, c.pointer);
+    EXPECT_THAT(e.what(), AllOf(StartsWith("bad.json: "), HasSubstr(c.words)));
   }
 }
 
@@ -172,15 +174,10 @@ TEST_F(RecordJson, IntegersOfADocumentBuiltInCodeKeepTheFieldsRange) {
   EXPECT_EQ(static_cast<CSet*>(ok.root.get())->GetScope(), 255);
   for (const int scope : {256, -1}) {
     doc["Scope"] = scope;
-    try {
-      ImportRecords(doc, RUNTIME_CLASS(CSet), "built.json");
-      ADD_FAILURE() << scope << " was accepted";
-    } catch (const CJsonImportException& e) {
-      EXPECT_EQ(e.m_pointer, "/Scope");
-      EXPECT_NE(std::string(e.what()).find(std::to_string(scope) + " is outside 0..255"),
-                std::string::npos)
-          << e.what();
-    }
+    const auto e = test::Caught<CJsonImportException>(
+        [&] { ImportRecords(doc, RUNTIME_CLASS(CSet), "built.json"); });
+    EXPECT_EQ(e.m_pointer, "/Scope");
+    EXPECT_THAT(e.what(), HasSubstr(std::to_string(scope) + " is outside 0..255"));
   }
 }
 

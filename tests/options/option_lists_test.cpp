@@ -13,12 +13,7 @@
 namespace persona {
 namespace {
 
-template <class T>
-T* Named(const char* name) {
-  auto* e = new T;
-  e->SetName(name);
-  return e;
-}
+using test::Named;
 
 TEST(OptionLists, StatusEntriesAreOwnedInsertedRemovedAndCopiedDeep) {
   CStatus status;

@@ -15,15 +15,10 @@
 #include <persona/systems/ext_add_group_set.h>
 #include <persona/systems/group_set.h>
 #include <persona/systems/trunk_set.h>
+#include "support/test_data.h"
 
 namespace persona {
 namespace {
-
-std::string FreshDir(const std::string& name) {
-  const std::string dir = ::testing::TempDir() + "/persona_gs_" + name;
-  EXPECT_EQ(std::system(("rm -rf '" + dir + "' && mkdir -p '" + dir + "'").c_str()), 0);
-  return dir;
-}
 
 // Records what the prompts said and answers with a fixed button.
 struct PromptRecorder {
@@ -58,7 +53,7 @@ TEST(GlobalSets, PathsAndHostileNames) {
 }
 
 TEST(GlobalSets, WriteAsksBeforeOverwritingAndReportsFailures) {
-  const std::string dir = FreshDir("write");
+  const std::string dir = test::FreshDir("gs_write");
   const CString path = CString(dir) + "/City.PHS";
   CSet first(PhoneSetType);
   first.SetName("City");
@@ -89,7 +84,7 @@ TEST(GlobalSets, WriteAsksBeforeOverwritingAndReportsFailures) {
 }
 
 TEST(GlobalSets, ReadHandsOverTheSetByClassAndTellsTheType) {
-  const std::string dir = FreshDir("read");
+  const std::string dir = test::FreshDir("gs_read");
   CSet set(PhoneSetType);
   set.SetName("Mixed Case");
   auto* msg = new CStatusMessage;
@@ -141,7 +136,7 @@ CConvSet* Channels(const char* name, double txFreq) {
 }
 
 TEST(GlobalSets, ReadSetOverloadsCheckClassAndType) {
-  const std::string dir = FreshDir("overloads");
+  const std::string dir = test::FreshDir("gs_overloads");
   std::unique_ptr<CGroupSet> plain(Groups("east", {"G1"}, 1, EaGroupSetType));
   ASSERT_TRUE(WriteSet(plain.get(), CString(dir) + "/East.GRS", false));
 
@@ -173,7 +168,7 @@ TEST(GlobalSets, ReadSetOverloadsCheckClassAndType) {
 // for many sets) with its scope byte and the keys that came with it, keeps the local name,
 // and leaves local sets alone; the refreshed personality copies with its keys.
 TEST(GlobalSets, RefreshTakesTheFileKeepsTheLocalNameAndTheKeys) {
-  const std::string dir = FreshDir("refresh");
+  const std::string dir = test::FreshDir("gs_refresh");
   std::unique_ptr<CGroupSet> global(Groups("whatever", {"G1", "G2", "G3"}));
   ASSERT_TRUE(WriteSet(global.get(), CString(dir) + "/EAST.grs", false));  // another case
   CEskData key;
@@ -222,7 +217,7 @@ TEST(GlobalSets, RefreshTakesTheFileKeepsTheLocalNameAndTheKeys) {
 }
 
 TEST(GlobalSets, RefreshKeepsTheLocalCopyWhenTheFileCannotBeUsed) {
-  const std::string dir = FreshDir("failures");
+  const std::string dir = test::FreshDir("gs_failures");
   std::unique_ptr<CConvSet> hot(Channels("Hot", 900.0));
   ASSERT_TRUE(WriteSet(hot.get(), CString(dir) + "/Hot.CVS", false));
   CPhoneSet phones;

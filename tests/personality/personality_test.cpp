@@ -252,22 +252,16 @@ class MergingPersonality : public CPersonality {
   using CPersonality::operator=;
 };
 
-CSet* NewTrunkSet(const char* name) {
-  auto* set = new CTrunkSet;
-  set->SetName(name);
-  return set;
-}
-
 TEST(PersonalityMerge, AssignmentReplacesSetsWhileAddSetsAppends) {
   CPersonality src;
-  for (const char* name : {"A", "B", "C"}) src.AddSet(NewTrunkSet(name), TrunkSetType);
+  for (const char* name : {"A", "B", "C"}) src.AddSet(test::Named<CTrunkSet>(name), TrunkSetType);
   auto* stray = new CSet(TrunkSetType);  // not of the list's class: copied as one, set part only
   stray->SetName("STRAY");
   src.AddSet(stray, TrunkSetType);
 
   MergingPersonality target;
-  target.AddSet(NewTrunkSet("X"), TrunkSetType);
-  target.AddSet(NewTrunkSet("Y"), TrunkSetType);
+  target.AddSet(test::Named<CTrunkSet>("X"), TrunkSetType);
+  target.AddSet(test::Named<CTrunkSet>("Y"), TrunkSetType);
   target = &src;
   ASSERT_EQ(target.GetNumTrkSets(), 4);
   EXPECT_EQ(target.GetSetAt(0, TrunkSetType)->GetName(), "A");

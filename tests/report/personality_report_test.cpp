@@ -19,6 +19,8 @@
 #include <persona/systems/p25_trk_system.h>
 #include <persona/systems/trunk_set.h>
 #include <persona/systems/trunk_system.h>
+#include "support/bytes.h"
+#include "support/record_testing.h"
 
 namespace persona {
 namespace {
@@ -26,9 +28,7 @@ namespace {
 std::vector<std::string> Report(CPersonality& p) {
   CStringArray out;
   PrintPersonalityReport(p, out);
-  std::vector<std::string> lines;
-  for (const CString& line : out) lines.push_back(line.str());
-  return lines;
+  return test::Lines(out);
 }
 
 // The lines of the block headed heading, up to and without its closing empty line.
@@ -77,21 +77,10 @@ TEST(PersonalityReport, TitleBlockNamesTheModels) {
 TEST(PersonalityReport, P25TrunkedSystemPrintsEveryFieldWithItsLabel) {
   CPersonality p;
   auto* s = new CP25TrkSystem(103, 0);
-  s->SetName("P25 EAST");
-  s->SetWaNetName("WAN 1");
-  s->SetHomeWanName("WAN 2");
-  s->SetSystemNac(0x293);
-  s->SetRfssId(0x1A);
-  s->SetSiteId(0x2B);
-  s->SetVeskaHostIpAddr(0x0A000105);
-  s->SetUnitReg(static_cast<CP25TrkSystem::UnitRegType>(2));
-  s->SetRegTimer(30);
-  s->SetSimulcastEnabled(1);
-  s->SetDefaultTxOffset(-45);
-  s->SetSonvra(3);
-  s->SetKwMode(2);
-  s->SetScannedSystemAt("NORTH", 0);
-  s->SetScannedSystemAt("SOUTH", 1);
+  test::SetFields(*s, {"Name=P25 EAST", "WaNetName=WAN 1", "HomeWanName=WAN 2", "SystemNac=0x293",
+                       "RfssId=0x1A", "SiteId=0x2B", "VeskaHostIpAddr=0x0A000105", "UnitReg=2",
+                       "RegTimer=30", "SimulcastEnabled=1", "DefaultTxOffset=-45", "Sonvra=3",
+                       "KwMode=2", "ScannedSystems=NORTH,SOUTH"});
   p.AddSystem(s);
   const std::vector<std::string> block = Block(Report(p), "SYSTEM 1 - PROJECT 25 TRUNKED:");
   ASSERT_FALSE(block.empty());

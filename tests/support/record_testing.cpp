@@ -5,6 +5,8 @@
 
 #include <cstdio>
 
+#include <persona/io/field_text.h>
+
 #include "support/test_data.h"
 
 namespace persona::test {
@@ -169,6 +171,19 @@ std::vector<std::string> FieldNames(CObject& rec) {
   Dumper dumper("");
   rec.VisitFields(dumper);
   return dumper.names;
+}
+
+void SetFields(CObject& rec, std::initializer_list<std::string> fields) {
+  for (const std::string& f : fields)
+    SetFieldText(rec, f.substr(0, f.find('=')), f.substr(f.find('=') + 1));
+}
+
+void ExpectFields(const CObject& rec, std::initializer_list<std::string> fields) {
+  for (const std::string& f : fields) {
+    std::string got = "<no such field>";
+    GetFieldText(rec, f.substr(0, f.find('=')), got);
+    EXPECT_EQ(f.substr(f.find('=') + 1), got) << rec.GetClassName() << " " << f;
+  }
 }
 
 std::vector<BYTE> ExpectRoundTrip(CObject& rec) {

@@ -4,6 +4,7 @@
 // load repairs in the record's own tests.
 #pragma once
 
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <vector>
@@ -60,24 +61,36 @@ std::string DumpFields(CObject& rec);
 // Names of the described fields of rec, in order.
 std::vector<std::string> FieldNames(CObject& rec);
 
+// Sets each "Field=value" of fields through the field's text form (numbers, words of coded
+// fields, lists joined by commas).
+void SetFields(CObject& rec, std::initializer_list<std::string> fields);
+
+// Expects each "Field=value" of fields to be the text form of that described field of rec
+// (numbers as numbers, lists joined by commas).
+void ExpectFields(const CObject& rec, std::initializer_list<std::string> fields);
+
 // Stores rec, loads the bytes back, checks (with gtest assertions) that the loaded record's
 // fields equal rec's and that storing it again gives the same bytes. Returns the bytes.
 std::vector<BYTE> ExpectRoundTrip(CObject& rec);
 
-// A new channel named name on tx and rx, or a new group named name with id (ownership passes
-// to the caller).
+// A new record of class R named name, a new channel named name on tx and rx, or a new group
+// named name with id (ownership passes to the caller).
+template <class R>
+R* Named(const char* name) {
+  auto* r = new R;
+  r->SetName(name);
+  return r;
+}
 template <class C>
 C* Channel(const char* name, double tx, double rx) {
-  auto* c = new C;
-  c->SetName(name);
+  auto* c = Named<C>(name);
   c->SetTxFreq(tx);
   c->SetRxFreq(rx);
   return c;
 }
 template <class G, class Id>
 G* Group(const char* name, Id id) {
-  auto* g = new G;
-  g->SetName(name);
+  auto* g = Named<G>(name);
   g->SetGrpId(id);
   return g;
 }

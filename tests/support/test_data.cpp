@@ -1,9 +1,13 @@
 // Test helpers over tests/data and memory archives.
 #include "support/test_data.h"
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
@@ -27,6 +31,28 @@ std::unique_ptr<CObject> LoadObject(const std::vector<BYTE>& bytes, const CRunti
                                     const std::string& name) {
   CArchive ar(bytes.data(), bytes.size(), name);
   return ar.ReadOwnedObject(cls);
+}
+
+namespace {
+const std::vector<const CRuntimeClass*> kLibraryClasses = CRuntimeClass::RegisteredClasses();
+}  // namespace
+
+const std::vector<const CRuntimeClass*>& LibraryClasses() { return kLibraryClasses; }
+
+std::string FreshDir(const std::string& name) {
+  const std::string dir = ::testing::TempDir() + "/persona_" + name;
+  std::filesystem::remove_all(dir);
+  std::filesystem::create_directories(dir);
+  return dir;
+}
+
+std::vector<std::string> Entries(const std::string& dir) {
+  std::vector<std::string> out;
+  for (const auto& e : std::filesystem::directory_iterator(dir)) {
+    out.push_back(e.path().filename().string());
+  }
+  std::sort(out.begin(), out.end());
+  return out;
 }
 
 std::string Hex(const std::vector<BYTE>& bytes) {

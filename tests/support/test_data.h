@@ -1,5 +1,5 @@
-// Test helpers: reading the archive vectors and other files of tests/data, and running a
-// store or a load over memory.
+// Test helpers: reading the archive vectors and other files of tests/data, running a store or
+// a load over memory, fresh temporary folders, and the library's own record classes.
 #pragma once
 
 #include <memory>
@@ -26,6 +26,16 @@ template <class T>
 std::unique_ptr<T> LoadAs(const std::vector<BYTE>& bytes, const std::string& name = "test.bin") {
   return std::unique_ptr<T>(static_cast<T*>(LoadObject(bytes, T::GetThisClass(), name).release()));
 }
+
+// The library's registered record classes, taken before any test registers helper classes of
+// its own.
+const std::vector<const CRuntimeClass*>& LibraryClasses();
+
+// A new, empty folder persona_<name> in the tests' temporary folder (an old one is removed).
+std::string FreshDir(const std::string& name);
+
+// The names of the entries of folder dir, sorted.
+std::vector<std::string> Entries(const std::string& dir);
 
 // Hex dump of bytes, for readable failure messages.
 std::string Hex(const std::vector<BYTE>& bytes);

@@ -12,6 +12,7 @@ namespace persona {
 namespace {
 
 using test::Bytes;
+using test::ExpectFields;
 using test::Hex;
 
 TEST(P25GroupSet, LoadsEveryOlderSchemaOfItsGroups) {
@@ -27,35 +28,19 @@ TEST(P25GroupSet, LoadsEveryOlderSchemaOfItsGroups) {
   };
   std::vector<std::unique_ptr<CObject>> pool;  // stays empty: P25 sets have no keys
   auto s1 = test::LoadSharing<CP25GroupSet>(setWith(1), pool);
-  const CP25Group* g1 = s1->GetGroupAt(0);
-  EXPECT_EQ(77u, g1->GetGrpId());
-  EXPECT_EQ(5, g1->GetEncryptMode());
-  EXPECT_EQ(0, g1->GetEncrypt());
-  EXPECT_EQ(0u, g1->GetKeyId());
-  EXPECT_EQ(1, g1->GetTx());
-  EXPECT_EQ(1, g1->GetBacklight());
-  EXPECT_EQ(0, g1->GetScan());
+  ExpectFields(*s1->GetGroupAt(0), {"GrpId=77", "EncryptMode=5", "Encrypt=0", "KeyId=0", "Tx=1",
+                                    "Backlight=1", "Scan=0"});
   EXPECT_EQ("G", s1->GetHomeGrp());
 
   auto s2 = test::LoadSharing<CP25GroupSet>(setWith(2), pool);
-  const CP25Group* g2 = s2->GetGroupAt(0);
-  EXPECT_EQ(1, g2->GetEncrypt());
-  EXPECT_EQ(1, g2->GetEncType());
-  EXPECT_EQ(99u, g2->GetKeyId());
-  EXPECT_EQ(1, g2->GetSuppress());
-  EXPECT_EQ(0, g2->GetSf());
-  EXPECT_EQ(1, g2->GetCalls());
+  ExpectFields(*s2->GetGroupAt(0),
+               {"Encrypt=1", "EncType=1", "KeyId=99", "Suppress=1", "Sf=0", "Calls=1"});
 
   auto s3 = test::LoadSharing<CP25GroupSet>(setWith(3), pool);
-  EXPECT_EQ(1, s3->GetGroupAt(0)->GetSf());
-  EXPECT_EQ(1, s3->GetGroupAt(0)->GetAlert());
+  ExpectFields(*s3->GetGroupAt(0), {"Sf=1", "Alert=1"});
 
   auto s4 = test::LoadSharing<CP25GroupSet>(setWith(4), pool);
-  const CP25Group* g4 = s4->GetGroupAt(0);
-  EXPECT_EQ(0, g4->GetTx());
-  EXPECT_EQ(0, g4->GetAlert());
-  EXPECT_EQ(1, g4->GetScan());
-  EXPECT_EQ(0, g4->GetBacklight());
+  ExpectFields(*s4->GetGroupAt(0), {"Tx=0", "Alert=0", "Scan=1", "Backlight=0"});
 }
 
 TEST(P25GroupSet, LookupsEqualityAndReferences) {

@@ -1,104 +1,56 @@
 // Systems stored with older schemas, from hand-built bytes: the fields a schema lacks keep their
-// constructor defaults and the stream continues right after the object.
+// constructor defaults and the load reads every byte of the object, no more and no fewer.
 #include <gtest/gtest.h>
 
-#include <cstring>
-#include <memory>
-
-#include <persona/framework/archive.h>
 #include <persona/systems/conv_system.h>
 #include <persona/systems/p25_conv_system.h>
 #include <persona/systems/p25_trk_system.h>
 #include <persona/systems/plm_system.h>
 #include <persona/systems/trunk_system.h>
+#include "support/bytes.h"
+#include "support/record_testing.h"
 
 namespace persona {
 namespace {
 
-constexpr WORD kSentinel = 0xBEEF;
+using test::Bytes;
+using test::ExpectFields;
+using test::LoadWhole;
 
-// Writes the bytes of one stored object by hand.
-class StoredObject {
- public:
-  StoredObject(const char* className, WORD schema) : m_schema(schema) {
-    const WORD length = static_cast<WORD>(std::strlen(className));
-    m_ar << WORD{0xFFFF} << schema << length;
-    m_ar.Write(className, length);
-  }
-  template <class T>
-  StoredObject& operator<<(T v) {
-    m_ar << v;
-    return *this;
-  }
-  // The CSystem part as the stored schema has it.
-  StoredObject& Base(const char* name, BYTE type) {
-    *this << CString(name) << type << WORD{3} << BYTE{0} << BYTE{0};
-    *this << WORD{11} << WORD{12} << WORD{13};
-    for (BYTE b = 0xC0; b < 0xC7; ++b) *this << b;
-    if (m_schema >= 12 && m_schema != 255) *this << WORD{44} << CString("BaseKey");
-    return *this;
-  }
-  // The CTrunkSystem part up to the conventional priority transmit switch.
-  StoredObject& TrunkHead() {
-    *this << WORD{1} << CString("SCAN1");
-    *this << BYTE{0} << BYTE{0} << BYTE{0} << WORD{21} << WORD{22} << WORD{23};
-    for (const char* set : {"TRS", "GRS", "PHS", "ICS", "SPS"}) *this << CString(set);
-    *this << CString("PRI") << BYTE{1} << BYTE{2} << CString("CNVSYS") << CString("CNVCH")
-          << BYTE{1};
-    return *this;
-  }
-  std::vector<BYTE> Finish() {
-    m_ar << kSentinel;
-    return m_ar.TakeStoredBytes();
-  }
+// The class tag and the CSystem part as a system of the class and schema stores them.
+Bytes System(const char* cls, WORD schema, const char* name, BYTE type) {
+  Bytes b(cls, schema);
+  b.Str(name).U8(type).U16(3).U8(0).U8(0).U16(11).U16(12).U16(13);
+  for (BYTE v = 0xC0; v < 0xC7; ++v) b.U8(v);
+  if (schema >= 12 && schema != 255) b.U16(44).Str("BaseKey");
+  return b;
+}
 
- private:
-  CArchive m_ar{nullptr, CArchive::store};
-  WORD m_schema;
-};
-
-// Loads the object at the start of bytes and checks that the sentinel follows it directly.
-template <class T>
-std::unique_ptr<T> LoadThenSentinel(const std::vector<BYTE>& bytes) {
-  CArchive ar(bytes.data(), bytes.size(), "hand-built");
-  std::unique_ptr<CObject> obj = ar.ReadOwnedObject(T::GetThisClass());
-  WORD sentinel = 0;
-  ar >> sentinel;
-  EXPECT_EQ(sentinel, kSentinel) << "the stream did not continue right after the object";
-  EXPECT_EQ(ar.GetRemaining(), 0u);
-  return std::unique_ptr<T>(static_cast<T*>(obj.release()));
+// The CTrunkSystem part up to the conventional priority transmit switch.
+Bytes& TrunkHead(Bytes& b) {
+  b.U16(1).Str("SCAN1").U8(0).U8(0).U8(0).U16(21).U16(22).U16(23);
+  for (const char* set : {"TRS", "GRS", "PHS", "ICS", "SPS"}) b.Str(set);
+  return b.Str("PRI").U8(1).U8(2).Str("CNVSYS").Str("CNVCH").U8(1);
 }
 
 TEST(SystemOldSchemas, TrunkedSchemaOneHasNoKeyNoHostNoDataLid) {
-  StoredObject bytes("CTrunkSystem", 1);
-  bytes.Base("NORTH", 0).TrunkHead();
-  auto sys = LoadThenSentinel<CTrunkSystem>(bytes.Finish());
-  EXPECT_EQ(sys->GetName(), "NORTH");
-  EXPECT_EQ(sys->GetPowerLevel(), 3);
-  EXPECT_EQ(sys->GetQuenbyButton2(), 0xC6);
-  ASSERT_EQ(sys->GetNumScannedSystems(), 1);
-  EXPECT_EQ(sys->GetScannedSystemAt(0), "SCAN1");
-  EXPECT_EQ(sys->GetSite(), 23);
-  EXPECT_EQ(sys->GetSpCallSetName(), "SPS");
-  EXPECT_EQ(sys->GetCnvPriChannel(), "CNVCH");
-  EXPECT_EQ(sys->GetCnvPriTx(), 1);
-  EXPECT_EQ(sys->GetESK(), 0);
-  EXPECT_EQ(sys->GetEskName(), "");
-  EXPECT_EQ(sys->CSystem::GetESK(), 0);
-  EXPECT_EQ(sys->GetVeskaHostUdpPortNum(), 1027);
-  EXPECT_EQ(sys->GetDataLid(), 1);
+  Bytes bytes = System("CTrunkSystem", 1, "NORTH", 0);
+  auto sys = LoadWhole<CTrunkSystem>(TrunkHead(bytes));
+  ExpectFields(
+      *sys, {"Name=NORTH", "PowerLevel=3", "QuenbyButton2=198", "ScannedSystems=SCAN1", "Site=23",
+             "SpCallSetName=SPS", "CnvPriChannel=CNVCH", "CnvPriTx=1", "TrunkESK=0",
+             "TrunkEskName=", "ESK=0", "VeskaHostUdpPortNum=1027", "DataLid=1"});
 }
 
 TEST(SystemOldSchemas, MessagingSchemaOneHasNoScanListAndSchemaTwoHasOne) {
   for (WORD schema : {1, 2}) {
-    StoredObject bytes("CPlmSystem", schema);
-    bytes.Base("PELLAM", 2);
-    for (BYTE b = 1; b <= 8; ++b) bytes << b;
-    bytes << WORD{30} << WORD{40};
-    for (WORD w = 1; w <= 8; ++w) bytes << w;
-    bytes << CString("T") << CString("G") << CString("S");
-    if (schema >= 2) bytes << WORD{2} << CString("A") << CString("B");
-    auto sys = LoadThenSentinel<CPlmSystem>(bytes.Finish());
+    Bytes bytes = System("CPlmSystem", schema, "PELLAM", 2);
+    for (BYTE b = 1; b <= 8; ++b) bytes.U8(b);
+    bytes.U16(30).U16(40);
+    for (WORD w = 1; w <= 8; ++w) bytes.U16(w);
+    bytes.Str("T").Str("G").Str("S");
+    if (schema >= 2) bytes.U16(2).Str("A").Str("B");
+    auto sys = LoadWhole<CPlmSystem>(bytes);
     EXPECT_EQ(sys->GetDblDiscnct(), 8);
     EXPECT_EQ(sys->GetBusyToneLen(), 40);
     EXPECT_EQ(sys->GetSpCallTone(1), 3);  // interleaved: 1,2 / 3,4 / ...
@@ -118,12 +70,12 @@ TEST(SystemOldSchemas, P25ConventionalFieldsArriveWithSchemasFiveSevenAndEight) 
   };
   for (const Case& c : {Case{4, 0, 0, 1, 0}, Case{5, 2, 77, 1, 0}, Case{7, 2, 77, -3, 0},
                         Case{8, 2, 77, -3, 9}, Case{255, 0, 0, 1, 0}}) {
-    StoredObject bytes("CP25ConvSystem", c.schema);
-    bytes.Base("P25C", 3) << BYTE{1} << DWORD{123456} << CString("PCV") << CString("ICS");
-    if (c.schema >= 5 && c.schema != 255) bytes << BYTE{2} << DWORD{77};
-    if (c.schema >= 7 && c.schema != 255) bytes << LONG{-3};
-    if (c.schema >= 8 && c.schema != 255) bytes << BYTE{9};
-    auto sys = LoadThenSentinel<CP25ConvSystem>(bytes.Finish());
+    Bytes bytes = System("CP25ConvSystem", c.schema, "P25C", 3);
+    bytes.U8(1).U32(123456).Str("PCV").Str("ICS");
+    if (c.schema >= 5 && c.schema != 255) bytes.U8(2).U32(77);
+    if (c.schema >= 7 && c.schema != 255) bytes.I32(-3);
+    if (c.schema >= 8 && c.schema != 255) bytes.U8(9);
+    auto sys = LoadWhole<CP25ConvSystem>(bytes);
     EXPECT_EQ(sys->GetUnit(), 123456u) << c.schema;
     EXPECT_EQ(sys->GetIcallSetName(), "ICS") << c.schema;
     EXPECT_EQ(sys->GetEncryptType(), c.encrypt) << c.schema;
@@ -134,46 +86,27 @@ TEST(SystemOldSchemas, P25ConventionalFieldsArriveWithSchemasFiveSevenAndEight) 
 }
 
 TEST(SystemOldSchemas, P25TrunkedSchemaElevenSkipsBaseKeyAndDataLids) {
-  StoredObject bytes("CP25TrkSystem", 11);
-  bytes.Base("P25T", 5).TrunkHead();
-  bytes << WORD{5} << CString("TrunkKey");                 // schema 3
-  bytes << DWORD{900} << WORD{5000} << DWORD{0x0A000001};  // schema 8
-  bytes << CString("WAN") << WORD{0x293} << DWORD{1} << WORD{2} << DWORD{3};
-  bytes << BYTE{4} << LONG{1} << LONG{2} << BYTE{5} << BYTE{0x84};
-  for (WORD w = 10; w <= 14; ++w) bytes << w;
-  bytes << BYTE{6} << WORD{15} << short{-16} << WORD{17} << DWORD{851000000};
-  bytes << CString("HOME") << DWORD{4242};
-  bytes << WORD{0x1A} << WORD{0x2B} << BYTE{1};  // schemas 10 and 11
-  auto sys = LoadThenSentinel<CP25TrkSystem>(bytes.Finish());
-  EXPECT_EQ(sys->CSystem::GetESK(), 0);
-  EXPECT_EQ(sys->CSystem::GetEskName(), "");
-  EXPECT_EQ(sys->GetESK(), 5);
-  EXPECT_EQ(sys->GetEskName(), "TrunkKey");
-  EXPECT_EQ(sys->GetVeskaHostIpAddr(), 0x0A000001u);
-  EXPECT_EQ(sys->GetDataLid(), 1);
-  EXPECT_EQ(sys->GetSystemNac(), 0x293);
-  EXPECT_EQ(sys->GetAlgorithmId(), 0x84);
-  EXPECT_EQ(sys->GetAllCallKeyId(), 14);
-  EXPECT_EQ(sys->GetDefaultTxOffset(), -16);
-  EXPECT_EQ(sys->GetHomeWanName(), "HOME");
-  EXPECT_EQ(sys->GetHomeUnitId(), 4242u);
-  EXPECT_EQ(sys->GetSiteId(), 0x2B);
-  EXPECT_EQ(sys->GetCcTxReq(), 1);
-  EXPECT_EQ(sys->GetFneDataLid(), 0xFFFFFDu);
+  Bytes bytes = System("CP25TrkSystem", 11, "P25T", 5);
+  TrunkHead(bytes).U16(5).Str("TrunkKey");   // schema 3
+  bytes.U32(900).U16(5000).U32(0x0A000001);  // schema 8
+  bytes.Str("WAN").U16(0x293).U32(1).U16(2).U32(3).U8(4).I32(1).I32(2).U8(5).U8(0x84);
+  for (WORD w = 10; w <= 14; ++w) bytes.U16(w);
+  bytes.U8(6).U16(15).Put<short>(-16).U16(17).U32(851000000).Str("HOME").U32(4242);
+  bytes.U16(0x1A).U16(0x2B).U8(1);  // schemas 10 and 11
+  auto sys = LoadWhole<CP25TrkSystem>(bytes);
+  ExpectFields(*sys, {"ESK=0", "EskName=", "TrunkESK=5", "TrunkEskName=TrunkKey",
+                      "VeskaHostIpAddr=167772161", "DataLid=1", "SystemNac=659", "AlgorithmId=132",
+                      "AllCallKeyId=14", "DefaultTxOffset=-16", "HomeWanName=HOME",
+                      "HomeUnitId=4242", "SiteId=43", "CcTxReq=1", "FneDataLid=16777213"});
 }
 
 TEST(SystemOldSchemas, ConventionalSchemaTwelveReadsBaseKeyOnce) {
   // Every level tests the schema read once by the most derived class: a second request would
   // answer "no schema" and the base key pair would be missed.
-  StoredObject bytes("CConvSystem", 12);
-  bytes.Base("CONV", 1);
-  for (BYTE b = 1; b <= 6; ++b) bytes << b;
-  bytes << WORD{7} << CString("CVS") << CString("PHS") << BYTE{8} << BYTE{9};
-  auto sys = LoadThenSentinel<CConvSystem>(bytes.Finish());
-  EXPECT_EQ(sys->GetESK(), 44);
-  EXPECT_EQ(sys->GetEskName(), "BaseKey");
-  EXPECT_EQ(sys->GetToneSeq(), 8);
-  EXPECT_EQ(sys->GetCgSel(), 9);
+  Bytes bytes = System("CConvSystem", 12, "CONV", 1);
+  for (BYTE b = 1; b <= 6; ++b) bytes.U8(b);
+  auto sys = LoadWhole<CConvSystem>(bytes.U16(7).Str("CVS").Str("PHS").U8(8).U8(9));
+  ExpectFields(*sys, {"ESK=44", "EskName=BaseKey", "ToneSeq=8", "CgSel=9"});
 }
 
 }  // namespace

@@ -31,19 +31,9 @@ CTrunkChannel* MakeChannel(double tx, double rx, WORD osc, BYTE osOpt, WORD type
 
 // A site with distinctive values in every field.
 void FillSite(CTrunkSet& set) {
-  set.SetName("SITE1");
-  set.SetTxMinFreq(806.0);
-  set.SetTxMaxFreq(825.0);
-  set.SetRxMinFreq(851.0);
-  set.SetRxMaxFreq(870.0);
-  set.SetPower(1);
-  set.SetSiteId(0x0102);
-  set.SetCCLimit(10);
-  set.SetMaxChan(20);
-  set.SetBaudRate(0);
-  set.SetBandWidth(1);
-  set.SetPreAmp(1);
-  set.SetUnkeyMess(1);
+  test::SetFields(set, {"Name=SITE1", "TxMinFreq=806", "TxMaxFreq=825", "RxMinFreq=851",
+                        "RxMaxFreq=870", "Power=1", "SiteId=258", "CCLimit=10", "MaxChan=20",
+                        "BaudRate=0", "BandWidth=1", "PreAmp=1", "UnkeyMess=1"});
 }
 
 TEST(TrunkSet, LoadsOlderSchemasWithLaterFieldsAtTheirDefaults) {
@@ -61,15 +51,10 @@ TEST(TrunkSet, LoadsOlderSchemasWithLaterFieldsAtTheirDefaults) {
   // clang-format on
   std::vector<std::unique_ptr<CObject>> pool;
   auto set = test::LoadSharing<CTrunkSet>(schema1, pool);
-  EXPECT_EQ("OLD", set->GetName());
-  EXPECT_EQ(0xFF, set->GetBaudRate());
-  EXPECT_EQ(0, set->GetBandWidth());
+  test::ExpectFields(*set, {"Name=OLD", "BaudRate=255", "BandWidth=0", "MaxChan=28"});
   EXPECT_EQ(0, set->GetNumEsks());
-  EXPECT_EQ(28, set->GetMaxChan());
   ASSERT_NE(nullptr, set->GetChannelAt(0));
-  EXPECT_EQ(0, set->GetChannelAt(0)->Get4800Baud());
-  EXPECT_EQ(0, set->GetChannelAt(0)->GetNpspac());
-  EXPECT_DOUBLE_EQ(806.5, set->GetChannelAt(0)->GetRxFreq());
+  test::ExpectFields(*set->GetChannelAt(0), {"4800Baud=0", "Npspac=0", "RxFreq=806.5"});
   EXPECT_TRUE(pool.empty());
 
   // Schema 2: channels with 4800Baud, a key list, still no baud rate.
@@ -86,11 +71,8 @@ TEST(TrunkSet, LoadsOlderSchemasWithLaterFieldsAtTheirDefaults) {
       .NewClass("CEskData", 1).Str("KEY").U32(3);
   // clang-format on
   set = test::LoadSharing<CTrunkSet>(schema2, pool);
-  EXPECT_EQ(0xFF, set->GetBaudRate());
-  EXPECT_EQ(1, set->GetBandWidth());
-  EXPECT_EQ(1, set->GetScope());
-  EXPECT_EQ(1, set->GetChannelAt(0)->Get4800Baud());
-  EXPECT_EQ(0, set->GetChannelAt(0)->GetNpspac());
+  test::ExpectFields(*set, {"BaudRate=255", "BandWidth=1", "Scope=1"});
+  test::ExpectFields(*set->GetChannelAt(0), {"4800Baud=1", "Npspac=0"});
   ASSERT_EQ(1, set->GetNumEsks());
   EXPECT_EQ("KEY", set->GetEskAt(0)->GetEskId());
   ASSERT_EQ(1u, pool.size());
