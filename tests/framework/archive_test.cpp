@@ -402,9 +402,13 @@ TEST(ArchiveFiles, DiskAndMemoryFilesCarryTheSameBytesAndAMissingFileIsNamed) {
   EXPECT_EQ(static_cast<CEskData*>(loaded.get())->GetEsk(), 77);
   EXPECT_EQ(file.GetLength(), mem.GetSize());
   ar.Close();
-  struct Trickle : CFile {  // hands out three bytes a read, as a pipe may
+  struct Trickle : CFile {  // hands out one, two, three bytes a read, as a pipe may
     using CFile::CFile;
-    UINT Read(void* to, UINT count) override { return CFile::Read(to, std::min(count, 3U)); }
+    UINT step = 0;
+    UINT Read(void* to, UINT count) override {
+      step = step % 3 + 1;
+      return CFile::Read(to, std::min(count, step));
+    }
   } trickle(path, CFile::modeRead);
   CArchive trickled(&trickle, CArchive::load);
   EXPECT_EQ(test::DumpFields(*trickled.ReadOwnedObject(RUNTIME_CLASS(CEskData))),

@@ -218,6 +218,14 @@ TEST_F(SetCsv, FaultsNameRowAndColumnAndChangeNothing) {
   EXPECT_EQ(Channel(0)->GetRxFreq(), 851.5);
 }
 
+TEST_F(SetCsv, CountsEveryElementNoRowNamesAsRemovedTheFirstIncluded) {
+  const int before = p->GetSet(CString("METRO"), ConvSetType)->GetCount();
+  const std::string last = Channel(before - 1)->GetName().str();
+  const CsvImportResult r = Import("Name\n" + last + "\n", true);
+  EXPECT_EQ(r.removed, static_cast<std::size_t>(before - 1));
+  EXPECT_EQ(Channel(0)->GetName().str(), last);
+}
+
 TEST_F(SetCsv, MakesMissingSetsAndMatchesNamelessElementsByPosition) {
   CsvImportResult r = Import("Name,RxFreq\nA,851.5\n", false, ConvSetType, "NEWSET");
   EXPECT_TRUE(r.createdSet);

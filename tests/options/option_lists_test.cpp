@@ -7,6 +7,7 @@
 
 #include <persona/framework/exceptions.h>
 #include <persona/persona.h>
+#include "support/expect.h"
 #include "support/record_testing.h"
 #include "support/test_data.h"
 
@@ -169,7 +170,8 @@ TEST(OptionLists, IndexedValuesOfScratchPadAgencySirenAndVantor) {
   data.SetFleetsAt(2, 9);  // grows the list with zeros
   EXPECT_EQ(data.GetNumFleetEntries(), 3);
   EXPECT_EQ(data.GetFleetsAt(0), 0);
-  EXPECT_THROW(data.GetFleetsAt(3), CInvalidArgException);
+  EXPECT_STREQ(test::Caught<CInvalidArgException>([&] { data.GetFleetsAt(3); }).what(),
+               "invalid argument: array position 3 outside 0..2");
   EXPECT_THROW(data.SetFleetsAt(-1, 1), CInvalidArgException);
 
   CSirenLights entry;
