@@ -74,7 +74,8 @@ TEST(OptionLists, MessagesInsertBeforeAndAfterAndIdsAreFoundByNumber) {
   EXPECT_EQ(opts.AddMmsId(300), 1);
   EXPECT_TRUE(opts.InsertMmsIdAt(1, 200));
   EXPECT_FALSE(opts.InsertMmsIdAt(4, 400));
-  EXPECT_EQ(opts.FindMidNum(200), 2);  // numbers count from 1; 0 is "none"
+  EXPECT_EQ(opts.FindMidNum(100), 1);  // numbers count from 1; 0 is "none"
+  EXPECT_EQ(opts.FindMidNum(200), 2);
   EXPECT_EQ(opts.FindMidNum(999), 0);
   EXPECT_EQ(opts.FindNthId(1), 100);
   EXPECT_EQ(opts.FindNthId(3), 300);
