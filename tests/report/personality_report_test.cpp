@@ -267,6 +267,15 @@ TEST(PersonalityOps, MergesAppendAndSettleTheNamesHeldTwiceByPolicy) {
   const auto* merged = static_cast<const CConvSystem*>(renamed.merged->GetSystemAt(3));
   ASSERT_EQ(merged->GetName(), "EAST");
   EXPECT_EQ(merged->GetConvSetName(), "METRO-B");
+  // Names already held with the suffix are counted past: NORTH-B and NORTH-B2 give NORTH-B3.
+  for (const char* held : {"NORTH-B", "NORTH-B2"}) {
+    auto* system = new CConvSystem(68, 0);
+    system->SetName(held);
+    a.AddSystem(system);
+  }
+  const PolicyMergeResult counted = MergeWithPolicy(a, b, ClashPolicy::Rename, "-B");
+  ASSERT_FALSE(counted.clashes.empty());
+  EXPECT_EQ(counted.clashes[0].outcome, "B's renamed to NORTH-B3");
 }
 
 TEST(PersonalityOps, SetKindsByKeyOrNumber) {
