@@ -14,10 +14,12 @@
 #include <persona/options/scratch_pad_opts.h>
 #include <persona/options/status_message.h>
 #include <persona/options/status_opts.h>
+#include <persona/options/tone_encode.h>
 #include <persona/systems/esk_data.h>
 #include <persona/systems/plm_group_set.h>
 #include <persona/systems/trunk_set.h>
 #include "sample/sample_personality.h"
+#include "support/record_testing.h"
 
 namespace persona {
 namespace {
@@ -188,6 +190,13 @@ TEST(RecordDiff, RecordsOfAnotherClassAreComparedFieldByField) {
                 "added RefOsc /RefOsc  -> 7 [records]",
                 "added PowerButton /PowerButton  -> 0 [records]",
             }));
+  // A field both classes hold, of one type and one value, is no difference.
+  CStatusMessage message;
+  CToneSeq tones;
+  message.SetName("N");
+  test::SetFields(tones, {"Name=N"});
+  for (const std::string& line : Lines(message, tones))
+    EXPECT_NE(line.rfind("changed Name", 0), 0u);
 }
 
 // Elements of one set (trunk set T) holding status messages of the given names.
