@@ -2,7 +2,6 @@
 #include <persona/integrity/record_path.h>
 
 #include <cctype>
-#include <cstring>
 #include <unordered_map>
 
 #include <persona/systems/system.h>
@@ -30,7 +29,6 @@ class FieldScan : public CFieldVisitor {
     int count;  // entries of a ValueList
   };
   std::vector<Entry> fields;
-  CString* nameField = nullptr;
 
   void Field(const FieldInfo& f, bool&) override { Add(f, Value); }
   void Field(const FieldInfo& f, BYTE&) override { Add(f, Value); }
@@ -39,10 +37,7 @@ class FieldScan : public CFieldVisitor {
   void Field(const FieldInfo& f, DWORD&) override { Add(f, Value); }
   void Field(const FieldInfo& f, LONG&) override { Add(f, Value); }
   void Field(const FieldInfo& f, double&) override { Add(f, Value); }
-  void Field(const FieldInfo& f, CString& v) override {
-    if (std::strcmp(f.name, "Name") == 0) nameField = &v;
-    Add(f, Value);
-  }
+  void Field(const FieldInfo& f, CString&) override { Add(f, Value); }
   void Field(const FieldInfo& f, CStringArray& v) override { Add(f, ValueList, v.GetSize()); }
   void Field(const FieldInfo& f, CWordArray& v) override { Add(f, ValueList, v.GetSize()); }
   void Field(const FieldInfo& f, WORD*, std::size_t n) override {
@@ -306,8 +301,8 @@ class Resolver {
       for (int k = 0; k < list.GetCount(); ++k) {
         CObject* rec = list.GetAt(k);
         if (rec == nullptr) continue;
-        const FieldScan scan = Scan(*rec);
-        if (scan.nameField != nullptr && scan.nameField->str() == seg.text) matches.push_back(k);
+        const CString* name = FindNameField(*rec);
+        if (name != nullptr && name->str() == seg.text) matches.push_back(k);
       }
       if (matches.size() > 1) {
         std::string where;
