@@ -65,6 +65,8 @@ TEST(CStringTest, FormatWritesWhatPrintfWrites) {
                  1.0 / 3, 0.5, 2.5, 0.125);
   ExpectAsPrintf("[%.1f|%.64f|%-4.1f|%.65f]", DBL_MAX, DBL_MIN, 9.96, 0.1);
   ExpectAsPrintf("[%-12s|%8s|%.3s|%s|%c|%-3c|%%|%%d]", "North", "CH1", "Southern", "", 'Z', 'a');
+  const char unterminated[3] = {'A', 'B', 'C'};  // a precision reads no further
+  ExpectAsPrintf("[%.3s|%-4.2s]", unterminated, unterminated);
   // Conversions the formatter leaves to the C library still come out right.
   ExpectAsPrintf("[%+d|% d|%e|%g|%*d|%5.3d|%#x|%hd|%s]", 5, 5, 1.5, 0.0001, 6, 7, 8, 9, 10,
                  "after");

@@ -120,9 +120,15 @@ bool AppendFixed(std::string& out, const Conversion& c, va_list* args) {
   return true;
 }
 
+// With a precision, reads at most that many bytes, as printf does (the text need not end there).
 void AppendText(std::string& out, const Conversion& c, const char* text) {
-  std::size_t length = std::strlen(text);
-  if (c.precision >= 0) length = std::min(length, static_cast<std::size_t>(c.precision));
+  std::size_t length = 0;
+  if (c.precision < 0) {
+    length = std::strlen(text);
+  } else {
+    const auto* end = static_cast<const char*>(std::memchr(text, '\0', c.precision));
+    length = end != nullptr ? static_cast<std::size_t>(end - text) : c.precision;
+  }
   AppendPadded(out, c, "", std::string_view(text, length));
 }
 
