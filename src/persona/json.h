@@ -8,6 +8,7 @@
 #include <persona/io/json/f64_digits.h>
 #include <persona/io/json/field_refs.h>
 #include <persona/io/json/json_reader.h>
+#include <persona/io/json/json_scanner.h>
 #include <persona/io/json/json_writer.h>
 #include <persona/io/json/personality_json.h>
 #include <persona/io/json/record_diff.h>

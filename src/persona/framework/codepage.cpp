@@ -46,7 +46,7 @@ std::string Windows1252ToUtf8(const std::string& bytes) {
   return out;
 }
 
-bool Utf8ToWindows1252(const std::string& utf8, std::string* out) {
+bool Utf8ToWindows1252(std::string_view utf8, std::string* out) {
   out->clear();
   out->reserve(utf8.size());
   for (std::size_t i = 0; i < utf8.size();) {

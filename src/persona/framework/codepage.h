@@ -6,6 +6,7 @@
 #include <persona/export.h>
 
 #include <string>
+#include <string_view>
 
 #include <persona/framework/types.h>
 
@@ -19,6 +20,6 @@ PERSONA_EXPORT DWORD Windows1252ToUnicode(unsigned char byte);
 PERSONA_EXPORT std::string Windows1252ToUtf8(const std::string& bytes);
 // Windows-1252 bytes of UTF-8 text; returns false (out unspecified) when the text is not valid
 // UTF-8 or holds a character the code page lacks.
-PERSONA_EXPORT bool Utf8ToWindows1252(const std::string& utf8, std::string* out);
+PERSONA_EXPORT bool Utf8ToWindows1252(std::string_view utf8, std::string* out);
 
 }  // namespace persona

@@ -121,7 +121,7 @@ double ParseDouble(std::string_view text) {
 
 CString ParseString(std::string_view text) {
   std::string bytes;
-  if (!Utf8ToWindows1252(std::string(text), &bytes)) {
+  if (!Utf8ToWindows1252(text, &bytes)) {
     throw FieldTextError(Shown(text) +
                          " is not UTF-8 or holds a character outside the radio's code page "
                          "(Windows-1252)");

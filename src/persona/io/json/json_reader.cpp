@@ -1,4 +1,4 @@
-// Streaming reader of personality JSON documents over nlohmann-json's SAX events. Each record
+// Streaming reader of personality JSON documents over the events of JsonScanner. Each record
 // is created when its "$class" is read; its fields are then found by name in a table of
 // references to its members, taken by one visit of its fields, and set as their values
 // arrive. Anything outside the exporter's form (a record whose first key is not "$class",
@@ -6,6 +6,7 @@
 // then reads the document whole, which either accepts it or names the fault.
 #include <persona/io/json/json_reader.h>
 
+#include <algorithm>
 #include <cstring>
 #include <fstream>
 #include <istream>
@@ -18,6 +19,7 @@
 #include <persona/framework/file_io.h>
 #include <persona/io/json/f64_digits.h>
 #include <persona/io/json/field_refs.h>
+#include <persona/io/json/json_scanner.h>
 #include <persona/io/json/personality_json.h>
 
 namespace persona {
@@ -54,20 +56,29 @@ struct Frame {
   std::size_t cursor = 0;        // Record: where the next key is looked for first
 };
 
+// True when key is the text of name, without measuring name first.
+bool IsName(const char* name, std::string_view key) {
+  for (const char c : key) {
+    if (c == '\0' || *name != c) return false;
+    ++name;
+  }
+  return *name == '\0';
+}
+
 // What the key just read expects as its value.
 enum class Pending { None, Format, Version, Personality, Class, Id, Ref, F64, Field };
 
-class Reader : public nlohmann::json_sax<Json> {
+class Reader {
  public:
   // The personality read, with its shared records adopted; null unless the whole document was
   // read in the streamed form.
   std::unique_ptr<CPersonality> Result() {
-    if (!m_stack.empty() || !m_root || !m_formatOk || !m_versionOk) return nullptr;
+    if (m_depth != 0 || !m_root || !m_formatOk || !m_versionOk) return nullptr;
     m_root->AdoptSharedRecords(std::move(m_shared));
     return std::move(m_root);
   }
 
-  bool null() override {
+  void Null() {
     if (m_pending != Pending::None) throw Abandon();
     Frame& top = Top();
     if (top.kind == Frame::OwnedList) {
@@ -77,40 +88,32 @@ class Reader : public nlohmann::json_sax<Json> {
     } else {
       throw Abandon();
     }
-    return true;
   }
-  bool boolean(bool v) override {
-    *static_cast<bool*>(TakeField(FieldKind::Bool).member) = v;
-    return true;
-  }
-  bool number_integer(number_integer_t v) override {
-    Integer(v);
-    return true;
-  }
-  bool number_unsigned(number_unsigned_t v) override {
-    if (v > static_cast<number_unsigned_t>(std::numeric_limits<long long>::max())) throw Abandon();
-    Integer(static_cast<long long>(v));
-    return true;
-  }
-  bool number_float(number_float_t v, const string_t&) override {
-    *static_cast<double*>(TakeField(FieldKind::Double).member) = v;
-    return true;
-  }
-  bool string(string_t& v) override;
-  bool binary(binary_t&) override { throw Abandon(); }
-  bool start_object(std::size_t) override;
-  bool key(string_t& k) override;
-  bool end_object() override;
-  bool start_array(std::size_t) override;
-  bool end_array() override;
-  bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception&) override {
-    throw Abandon();
-  }
+  void Bool(bool v) { *static_cast<bool*>(TakeField(FieldKind::Bool).member) = v; }
+  void Integer(long long v);
+  [[noreturn]] void Unsigned(unsigned long long) { throw Abandon(); }  // no field is that wide
+  void Float(double v) { *static_cast<double*>(TakeField(FieldKind::Double).member) = v; }
+  void String(std::string_view v);
+  void StartObject();
+  void Key(std::string_view k);
+  void EndObject();
+  void StartArray();
+  void EndArray();
 
  private:
   Frame& Top() {
-    if (m_stack.empty()) throw Abandon();
-    return m_stack.back();
+    if (m_depth == 0) throw Abandon();
+    return m_frames[m_depth - 1];
+  }
+  // Opens f on top of the others, in a frame whose tables keep their room from earlier use.
+  void Push(const Frame& f) {
+    if (m_depth == m_frames.size()) m_frames.emplace_back(f.kind);
+    Frame& slot = m_frames[m_depth++];
+    std::vector<FieldRef> fields = std::move(slot.fields);
+    std::vector<bool> seen = std::move(slot.seen);
+    slot = f;
+    slot.fields = std::move(fields);
+    slot.seen = std::move(seen);
   }
   Pending Take() {
     const Pending p = m_pending;
@@ -122,7 +125,6 @@ class Reader : public nlohmann::json_sax<Json> {
     if (Take() != Pending::Field || m_field->kind != kind) throw Abandon();
     return *m_field;
   }
-  void Integer(long long v);
   template <class T>
   static void Store(void* member, long long v) {
     if (v < static_cast<long long>(std::numeric_limits<T>::min()) ||
@@ -131,17 +133,17 @@ class Reader : public nlohmann::json_sax<Json> {
     }
     *static_cast<T*>(member) = static_cast<T>(v);
   }
-  static CString Text(const string_t& utf8) {
+  static CString Text(std::string_view utf8) {
     std::string bytes;
     if (!Utf8ToWindows1252(utf8, &bytes)) throw Abandon();
     return CString(std::move(bytes));
   }
-  static double F64(const string_t& hex);
-  void CreateRecord(Frame& f, const string_t& className);
-  void FieldKey(Frame& f, const string_t& k);
-  void StartFieldArray();
+  static double F64(std::string_view hex);
+  void CreateRecord(Frame& f, std::string_view className);
+  void FieldKey(Frame& f, std::string_view k);
 
-  std::vector<Frame> m_stack;
+  std::vector<Frame> m_frames;  // the open objects and arrays up to m_depth, then spares
+  std::size_t m_depth = 0;
   Pending m_pending = Pending::None;
   const FieldRef* m_field = nullptr;  // Pending::Field: the field
   int m_openRecords = 0;
@@ -206,45 +208,45 @@ void Reader::Integer(long long v) {
   }
 }
 
-double Reader::F64(const string_t& hex) {
+double Reader::F64(std::string_view hex) {
   double v = 0;
   if (!DoubleOfF64Digits(hex, &v)) throw Abandon();
   return v;
 }
 
-bool Reader::string(string_t& v) {
+void Reader::String(std::string_view v) {
   Frame& top = Top();
   switch (Take()) {
     case Pending::Format:
       m_formatOk = v == kPersonalityJsonFormat;
-      return true;
+      return;
     case Pending::Class:
       CreateRecord(top, v);
-      return true;
+      return;
     case Pending::F64:
       *static_cast<double*>(top.field.member) = F64(v);
       top.count = 1;
-      return true;
+      return;
     case Pending::Field:
       if (m_field->kind != FieldKind::String) throw Abandon();
       *static_cast<CString*>(m_field->member) = Text(v);
-      return true;
+      return;
     case Pending::None:
       if (top.kind != Frame::Values || top.field.kind != FieldKind::Strings) throw Abandon();
       static_cast<CStringArray*>(top.field.member)->Add(Text(v));
       ++top.count;
-      return true;
+      return;
     default:
       throw Abandon();
   }
 }
 
-bool Reader::start_object(std::size_t) {
-  if (m_stack.empty()) {
-    m_stack.emplace_back(Frame::Document);
-    return true;
+void Reader::StartObject() {
+  if (m_depth == 0) {
+    Push(Frame(Frame::Document));
+    return;
   }
-  Frame& top = m_stack.back();
+  Frame& top = Top();
   const Pending pending = Take();
   Frame f(Frame::Record);
   if (pending == Pending::Personality) {
@@ -261,12 +263,11 @@ bool Reader::start_object(std::size_t) {
   } else {
     throw Abandon();
   }
-  m_stack.push_back(std::move(f));
-  return true;
+  Push(f);
 }
 
-void Reader::CreateRecord(Frame& f, const string_t& className) {
-  const CRuntimeClass* rc = CRuntimeClass::FromName(className.c_str());
+void Reader::CreateRecord(Frame& f, std::string_view className) {
+  const CRuntimeClass* rc = CRuntimeClass::FromName(std::string(className).c_str());
   if (rc == nullptr || rc->m_pfnCreateObject == nullptr) throw Abandon();
   if (f.expected != nullptr && !rc->IsDerivedFrom(f.expected)) throw Abandon();
   if (m_openRecords >= kMaxDepth) throw Abandon();
@@ -285,11 +286,11 @@ void Reader::CreateRecord(Frame& f, const string_t& className) {
   f.seen.assign(f.fields.size(), false);
 }
 
-void Reader::FieldKey(Frame& f, const string_t& k) {
+void Reader::FieldKey(Frame& f, std::string_view k) {
   const std::size_t n = f.fields.size();
-  for (std::size_t step = 0; step < n; ++step) {
-    const std::size_t i = (f.cursor + step) % n;
-    if (k != f.fields[i].name) continue;
+  for (std::size_t step = 0, i = f.cursor; step < n; ++step, ++i) {
+    if (i >= n) i -= n;
+    if (!IsName(f.fields[i].name, k)) continue;
     if (f.seen[i]) throw Abandon();
     f.seen[i] = true;
     f.cursor = i + 1;
@@ -300,7 +301,7 @@ void Reader::FieldKey(Frame& f, const string_t& k) {
   throw Abandon();
 }
 
-bool Reader::key(string_t& k) {
+void Reader::Key(std::string_view k) {
   if (m_pending != Pending::None) throw Abandon();
   Frame& top = Top();
   switch (top.kind) {
@@ -309,7 +310,7 @@ bool Reader::key(string_t& k) {
                   : k == "formatVersion" ? Pending::Version
                   : k == "personality"   ? Pending::Personality
                                          : throw Abandon();
-      return true;
+      return;
     case Frame::Record:
       if (top.rec == nullptr) {
         if (k == "$class") {
@@ -325,17 +326,17 @@ bool Reader::key(string_t& k) {
       } else {
         FieldKey(top, k);
       }
-      return true;
+      return;
     case Frame::F64:
       if (top.count != 0 || k != "$f64") throw Abandon();
       m_pending = Pending::F64;
-      return true;
+      return;
     default:
       throw Abandon();
   }
 }
 
-bool Reader::end_object() {
+void Reader::EndObject() {
   if (m_pending != Pending::None) throw Abandon();
   Frame& top = Top();
   if (top.kind == Frame::Record) {
@@ -348,11 +349,10 @@ bool Reader::end_object() {
   } else if (top.kind != Frame::Document) {
     throw Abandon();
   }
-  m_stack.pop_back();
-  return true;
+  --m_depth;
 }
 
-bool Reader::start_array(std::size_t) {
+void Reader::StartArray() {
   if (Take() != Pending::Field) throw Abandon();
   Frame f(Frame::Values);
   f.field = *m_field;
@@ -384,41 +384,47 @@ bool Reader::start_array(std::size_t) {
     default:
       throw Abandon();
   }
-  m_stack.push_back(std::move(f));
-  return true;
+  Push(f);
 }
 
-bool Reader::end_array() {
+void Reader::EndArray() {
   Frame& top = Top();
   if (top.kind == Frame::Values) {
     if (top.field.kind == FieldKind::WordTable && top.count != top.field.count) throw Abandon();
   } else if (top.kind != Frame::OwnedList && top.kind != Frame::SharedList) {
     throw Abandon();
   }
-  m_stack.pop_back();
-  return true;
+  --m_depth;
+}
+
+// Reads the document pull gives; null when the scanner or the reader gives it up.
+std::unique_ptr<CPersonality> Stream(JsonPull pull) {
+  Reader reader;
+  try {
+    if (!JsonScanner(std::move(pull)).Parse(reader)) return nullptr;
+  } catch (const Abandon&) {
+    return nullptr;
+  }
+  return reader.Result();
 }
 
 }  // namespace
 
 std::unique_ptr<CPersonality> StreamPersonalityJson(std::istream& text) {
-  Reader reader;
-  try {
-    if (!Json::sax_parse(text, &reader)) return nullptr;
-  } catch (const Abandon&) {
-    return nullptr;
-  }
-  return reader.Result();
+  return Stream([&text](char* dst, std::size_t n) {
+    text.read(dst, static_cast<std::streamsize>(n));
+    return static_cast<std::size_t>(text.gcount());
+  });
 }
 
 std::unique_ptr<CPersonality> StreamPersonalityJson(const char* data, std::size_t size) {
-  Reader reader;
-  try {
-    if (!Json::sax_parse(data, data + size, &reader)) return nullptr;
-  } catch (const Abandon&) {
-    return nullptr;
-  }
-  return reader.Result();
+  return Stream([&data, &size](char* dst, std::size_t n) {
+    n = std::min(n, size);
+    std::memcpy(dst, data, n);
+    data += n;
+    size -= n;
+    return n;
+  });
 }
 
 std::unique_ptr<CPersonality> ReadPersonalityJsonFile(const std::string& path) {

@@ -1,5 +1,5 @@
-// Personality JSON documents read as they are parsed: the records are built from the parser's
-// events (nlohmann-json's SAX interface), so the document itself is never held in memory, only
+// Personality JSON documents read as they are parsed: the records are built from the events of
+// a streaming scanner (json_scanner.h), so the document itself is never held in memory, only
 // the records it describes.
 #pragma once
 
