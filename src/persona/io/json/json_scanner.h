@@ -18,12 +18,14 @@
 #include <string_view>
 #include <vector>
 
+#include <persona/json_export.h>
+
 namespace persona {
 
 // Fills up to n bytes at dst with the next bytes of the text; returns how many (0 at its end).
 using JsonPull = std::function<std::size_t(char* dst, std::size_t n)>;
 
-class JsonScanner {
+class PERSONA_JSON_EXPORT JsonScanner {
  public:
   static constexpr int kMaxDepth = 64;
 
