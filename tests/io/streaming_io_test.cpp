@@ -32,8 +32,9 @@ TEST(StreamedOutput, JsonIsTheDumpOfTheWholeDocumentInBoundedPieces) {
   shape.conventionalChannels = 3000;
   shape.channelsPerSet = 1000;
   std::unique_ptr<CPersonality> p = BuildSamplePersonality(shape);
-  // Every escape, a byte of each UTF-8 length, a non-finite number.
-  p->SetDescription(CString(std::string("q\"b\\s/\b\f\n\r\t\x01\x1F\x7F \xE9\x80\x9F\0", 19)));
+  // Every escape, a byte of each UTF-8 length, a text longer than a piece, a non-finite number.
+  p->SetDescription(CString(std::string("q\"b\\s/\b\f\n\r\t\x01\x1F\x7F \xE9\x80\x9F\0", 19) +
+                            std::string(100000, 'y') + "\xE9\""));
   p->SetTxMaxFreq(-std::numeric_limits<double>::infinity());
   p->SetRxMinFreq(1e-7);
   p->SetRxMaxFreq(12345678.125);
@@ -49,7 +50,7 @@ TEST(StreamedOutput, JsonIsTheDumpOfTheWholeDocumentInBoundedPieces) {
   EXPECT_GT(pieces, 10u);
   EXPECT_LT(largest, 80u * 1024);
   EXPECT_THAT(text, test::HasSubstr(R"("Description": "q\"b\\s/\b\f\n\r\t\u0001\u001f)"
-                                    "\x7F \xC3\xA9\xE2\x82\xAC\xC5\xB8\\u0000\""));
+                                    "\x7F \xC3\xA9\xE2\x82\xAC\xC5\xB8\\u0000yyy"));
 }
 
 TEST(StreamedOutput, ReportBlocksMakeTheWholeReport) {

@@ -21,22 +21,30 @@ TextOutput::TextOutput(const std::string& path) {
 }
 
 void TextOutput::Write(std::string_view text) {
+  if (m_buffer.empty() && text.size() >= kBufferSize) {
+    Emit(text);  // a whole block: no copy through the buffer
+    return;
+  }
   m_buffer.append(text);
   if (m_buffer.size() >= kBufferSize) Drain();
 }
 
 void TextOutput::Drain() {
   if (m_buffer.empty()) return;
+  Emit(m_buffer);
+  m_buffer.clear();
+}
+
+void TextOutput::Emit(std::string_view text) {
   if (m_file) {
     try {
-      m_file->Write(reinterpret_cast<const BYTE*>(m_buffer.data()), m_buffer.size());
+      m_file->Write(reinterpret_cast<const BYTE*>(text.data()), text.size());
     } catch (const CException& e) {
       throw OutputError(e.what());
     }
-  } else if (std::fwrite(m_buffer.data(), 1, m_buffer.size(), stdout) != m_buffer.size()) {
+  } else if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) {
     throw OutputError("standard output: write failed");
   }
-  m_buffer.clear();
 }
 
 void TextOutput::Commit() {

@@ -34,6 +34,7 @@ class TextOutput {
  private:
   static constexpr std::size_t kBufferSize = 1 << 16;
   void Drain();
+  void Emit(std::string_view text);  // writes text out, past the buffer
 
   std::string m_buffer;
   std::unique_ptr<AtomicFileWriter> m_file;  // null for standard output

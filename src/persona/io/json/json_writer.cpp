@@ -1,10 +1,12 @@
 // Streaming JSON writer of records, field by field through their descriptions.
 #include <persona/io/json/json_writer.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <string>
 #include <unordered_map>
 
@@ -17,125 +19,157 @@ namespace persona {
 
 namespace {
 
-constexpr std::size_t kChunk = 1 << 16;
-
-// The text of the document, indentation and separators included.
+// The text of the document, indentation and separators included, gathered in a buffer of its
+// own that goes to the sink whenever it is full.
 class JsonText {
  public:
-  explicit JsonText(const JsonTextSink& sink) : m_sink(sink) { m_buf.reserve(kChunk + 4096); }
+  explicit JsonText(const JsonTextSink& sink)
+      : m_sink(sink),
+        m_begin(new char[kChunk]),
+        m_pos(m_begin.get()),
+        m_limit(m_begin.get() + kChunk) {}
 
-  void Raw(std::string_view s) {
-    m_buf.append(s);
-    if (m_buf.size() >= kChunk) Drain();
-  }
+  void Raw(std::string_view s) { Append(s.data(), s.size()); }
+  // Hands what is gathered to the sink.
   void Drain() {
-    if (!m_buf.empty()) m_sink(m_buf);
-    m_buf.clear();
+    if (m_pos != m_begin.get()) m_sink(std::string_view(m_begin.get(), Size()));
+    m_pos = m_begin.get();
   }
   // Opens an object or array: its first member goes on the next line, one level deeper.
   void Open(char bracket) {
-    m_buf.push_back(bracket);
+    Put(bracket);
     ++m_depth;
     m_first = true;
   }
   void Close(char bracket) {
     --m_depth;
     NewLine();
-    m_buf.push_back(bracket);
+    Put(bracket);
     m_first = false;
   }
   // Starts the next member of an object: separator, indentation, "key": .
   void Key(const char* key) {
     Member();
     String(key);
-    m_buf.append(": ");
+    Append(": ", 2);
   }
   // Starts the next element of an array.
   void Member() {
-    if (!m_first) m_buf.push_back(',');
+    if (!m_first) Put(',');
     m_first = false;
     NewLine();
   }
   template <class T>
   void Integer(T v) {
     char digits[24];
-    const auto end = std::to_chars(digits, digits + sizeof digits, v).ptr;
-    m_buf.append(digits, end);
+    Append(digits, std::to_chars(digits, digits + sizeof digits, v).ptr);
   }
-  void Bool(bool v) { m_buf.append(v ? "true" : "false"); }
-  void Double(double v) { m_buf.append(Json(v).dump()); }
+  void Bool(bool v) { v ? Append("true", 4) : Append("false", 5); }
+  // A finite double in the JSON library's own form (its shortest digits, its exponent rules).
+  void Double(double v) {
+    char digits[64];
+    Append(digits, nlohmann::detail::to_chars(digits, digits + sizeof digits, v));
+  }
   // A UTF-8 string, escaped as the JSON library escapes it.
   void String(std::string_view utf8) {
-    m_buf.push_back('"');
-    for (char c : utf8) Escaped(static_cast<unsigned char>(c));
-    m_buf.push_back('"');
+    Put('"');
+    for (std::size_t i = 0; i < utf8.size(); ++i) {
+      i += Plain(utf8.substr(i), 0x100);
+      if (i < utf8.size()) Escaped(static_cast<unsigned char>(utf8[i]));
+    }
+    Put('"');
   }
   // A Windows-1252 string, converted to UTF-8 on the way.
   void Windows1252(const std::string& bytes) {
-    m_buf.push_back('"');
-    for (char c : bytes) {
-      const auto byte = static_cast<unsigned char>(c);
+    Put('"');
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+      i += Plain(std::string_view(bytes).substr(i), 0x80);
+      if (i == bytes.size()) break;
+      const auto byte = static_cast<unsigned char>(bytes[i]);
       if (byte < 0x80) {
         Escaped(byte);
       } else {
         Utf8(Windows1252ToUnicode(byte));
       }
     }
-    m_buf.push_back('"');
+    Put('"');
   }
-  void Null() { m_buf.append("null"); }
+  void Null() { Append("null", 4); }
 
  private:
+  std::size_t Size() const { return static_cast<std::size_t>(m_pos - m_begin.get()); }
+  void Put(char c) {
+    if (m_pos == m_limit) Drain();
+    *m_pos++ = c;
+  }
+  void Append(const char* text, const char* end) {
+    Append(text, static_cast<std::size_t>(end - text));
+  }
+  void Append(const char* text, std::size_t size) {
+    while (size > static_cast<std::size_t>(m_limit - m_pos)) {
+      const auto room = static_cast<std::size_t>(m_limit - m_pos);
+      std::memcpy(m_pos, text, room);
+      m_pos += room;
+      text += room;
+      size -= room;
+      Drain();
+    }
+    std::memcpy(m_pos, text, size);
+    m_pos += size;
+  }
   void NewLine() {
-    m_buf.push_back('\n');
-    m_buf.append(2 * static_cast<std::size_t>(m_depth), ' ');
+    static constexpr char kIndent[] =
+        "\n                                                              ";
+    std::size_t width = 2 * static_cast<std::size_t>(m_depth);
+    const std::size_t first = std::min(width, sizeof kIndent - 2);
+    Append(kIndent, first + 1);
+    for (; width > first; --width) Put(' ');
+  }
+  // Appends the longest head of text that goes out as it stands (no quote, backslash or
+  // control character, no byte from limit on); returns its length.
+  std::size_t Plain(std::string_view text, unsigned limit) {
+    std::size_t n = 0;
+    while (n < text.size()) {
+      const auto c = static_cast<unsigned char>(text[n]);
+      if (c < 0x20 || c == '"' || c == '\\' || c >= limit) break;
+      ++n;
+    }
+    Append(text.data(), n);
+    return n;
   }
   void Escaped(unsigned char c) {
-    switch (c) {
-      case '"':
-        m_buf.append("\\\"");
+    static constexpr char kFrom[] = "\"\\\b\t\n\f\r";
+    static constexpr char kTo[] = "\"\\btnfr";
+    if (c != 0) {
+      if (const char* at = std::strchr(kFrom, c)) {
+        const char escape[2] = {'\\', kTo[at - kFrom]};
+        Append(escape, 2);
         return;
-      case '\\':
-        m_buf.append("\\\\");
-        return;
-      case '\b':
-        m_buf.append("\\b");
-        return;
-      case '\t':
-        m_buf.append("\\t");
-        return;
-      case '\n':
-        m_buf.append("\\n");
-        return;
-      case '\f':
-        m_buf.append("\\f");
-        return;
-      case '\r':
-        m_buf.append("\\r");
-        return;
-      default:
-        break;
+      }
     }
     if (c <= 0x1F) {
       char esc[8];
       std::snprintf(esc, sizeof esc, "\\u%04x", c);
-      m_buf.append(esc);
+      Append(esc, 6);
     } else {
-      m_buf.push_back(static_cast<char>(c));
+      Put(static_cast<char>(c));
     }
   }
   void Utf8(DWORD cp) {
     if (cp < 0x800) {
-      m_buf.push_back(static_cast<char>(0xC0 | (cp >> 6)));
+      Put(static_cast<char>(0xC0 | (cp >> 6)));
     } else {
-      m_buf.push_back(static_cast<char>(0xE0 | (cp >> 12)));
-      m_buf.push_back(static_cast<char>(0x80 | ((cp >> 6) & 0x3F)));
+      Put(static_cast<char>(0xE0 | (cp >> 12)));
+      Put(static_cast<char>(0x80 | ((cp >> 6) & 0x3F)));
     }
-    m_buf.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
+    Put(static_cast<char>(0x80 | (cp & 0x3F)));
   }
 
+  static constexpr std::size_t kChunk = 1 << 16;
   const JsonTextSink& m_sink;
-  std::string m_buf;
+  std::unique_ptr<char[]> m_begin;
+  char* m_pos;
+  char* m_limit;
   int m_depth = 0;
   bool m_first = true;
 };
@@ -156,7 +190,6 @@ class StreamingExportVisitor : public CFieldVisitor {
     }
     rec.VisitFields(*this);
     m_out.Close('}');
-    m_out.Raw({});  // hands a full buffer to the sink between records
   }
 
   void Field(const FieldInfo& f, bool& v) override { Key(f).Bool(v); }
