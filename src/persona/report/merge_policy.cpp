@@ -2,6 +2,7 @@
 #include <persona/report/merge_policy.h>
 
 #include <algorithm>
+#include <future>
 #include <set>
 #include <stdexcept>
 #include <unordered_map>
@@ -81,16 +82,11 @@ class PolicyMerge {
  public:
   PolicyMerge(ClashPolicy policy, const std::string& suffix) : m_policy(policy), m_suffix(suffix) {}
 
-  void TakeA(const CPersonality& a) {
-    m_aCopy = std::make_unique<MergedPersonality>(a);
-    Know(*m_aCopy);
-  }
-  void TakeB(const CPersonality& b) {
-    m_bCopy = std::make_unique<CPersonality>(b);
-    Know(*m_bCopy);
-  }
+  void TakeA(const CPersonality& a) { m_aCopy = std::make_unique<MergedPersonality>(a); }
+  void TakeB(const CPersonality& b) { m_bCopy = std::make_unique<CPersonality>(b); }
 
   PolicyMergeResult Run() {
+    KnowInputs();
     SettleSystems();
     for (int t = 0; t < kNumSetTypes; ++t) SettleSets(static_cast<SetType>(t));
     SettleOptions();
@@ -217,8 +213,15 @@ class PolicyMerge {
 
   static std::string Key(const Finding& f) { return f.code + '\n' + f.path + '\n' + f.message; }
 
-  void Know(const CPersonality& input) {
-    for (const Finding& f : CheckPersonality(input)) m_known.insert(Key(f));
+  // Learns what the checker finds in the two copies as they came in: B's check runs on a
+  // thread of its own beside A's (the checker only reads, and each copy is its own), or after
+  // it when no thread can be had.
+  void KnowInputs() {
+    const CPersonality& b = B();
+    std::future<std::vector<Finding>> inB = std::async(std::launch::async | std::launch::deferred,
+                                                       [&b] { return CheckPersonality(b); });
+    for (const Finding& f : CheckPersonality(A())) m_known.insert(Key(f));
+    for (const Finding& f : inB.get()) m_known.insert(Key(f));
   }
 
   // The errors of merged that neither input has.
