@@ -48,15 +48,19 @@ template <class T>
 Printer SetPrinter() {
   return [](CObject& o, CStringArray& out, Golden& g) {
     const T& set = static_cast<T&>(o);
+    int ends = 0;  // every element's lines are followed by a call of the element end
+    const ElementLinesEnd end = [&ends](CStringArray&) { ++ends; };
+    using End = const ElementLinesEnd*;
     if constexpr (std::is_invocable_v<decltype(&T::printToBuffer), T&, CStringArray&, int,
-                                      unsigned short, double>) {
-      set.printToBuffer(out, g.seed + 1, g.model, g.firstFreq);
+                                      unsigned short, double, End>) {
+      set.printToBuffer(out, g.seed + 1, g.model, g.firstFreq, &end);
     } else if constexpr (std::is_invocable_v<decltype(&T::printToBuffer), T&, CStringArray&, int,
-                                             unsigned short>) {
-      set.printToBuffer(out, g.seed + 1, static_cast<unsigned short>(10 * g.seed));
+                                             unsigned short, End>) {
+      set.printToBuffer(out, g.seed + 1, static_cast<unsigned short>(10 * g.seed), &end);
     } else {
-      set.printToBuffer(out, g.seed + 1);
+      set.printToBuffer(out, g.seed + 1, &end);
     }
+    EXPECT_EQ(ends, set.GetSize()) << set.GetClassName();
   };
 }
 

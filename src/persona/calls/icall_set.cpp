@@ -65,7 +65,8 @@ int CICallSet::FindCallIndex(const CString& name) const {
 
 void CICallSet::Serialize(CArchive& ar) { CSet::Serialize(ar); }
 
-void CICallSet::printToBuffer(CStringArray& out, int setNumber, unsigned short firstCall) const {
+void CICallSet::printToBuffer(CStringArray& out, int setNumber, unsigned short firstCall,
+                              const ElementLinesEnd* elementEnd) const {
   PrintCallTable<CICall>(
       out, setNumber, *this,
       {"     Call Name            Type      Display     LID   Digital Encrypted   WAN",
@@ -77,7 +78,8 @@ void CICallSet::printToBuffer(CStringArray& out, int setNumber, unsigned short f
             WordOf(kDisplayWords, c.GetDisplay()).c_str(), Signed32(c.GetDLid()),
             SwitchWord(c.GetDigital()), SwitchWord(static_cast<unsigned>(c.GetEncrypted())),
             c.GetWaNetName().c_str());
-      });
+      },
+      elementEnd);
 }
 
 }  // namespace persona

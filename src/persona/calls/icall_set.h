@@ -116,7 +116,9 @@ class PERSONA_EXPORT CICallSet : public CElementSet {
   int FindCallIndex(const CString& name) const;
 
   // Appends the set's heading and its call table; calls are numbered firstCall + position.
-  void printToBuffer(CStringArray& out, int setNumber, unsigned short firstCall) const;
+  // elementEnd, when given, is called after each element's lines (see ElementLinesEnd).
+  void printToBuffer(CStringArray& out, int setNumber, unsigned short firstCall,
+                     const ElementLinesEnd* elementEnd = nullptr) const;
 
   // The CSet part only.
   void Serialize(CArchive& ar) override;

@@ -54,7 +54,8 @@ int CPhoneSet::FindCallIndex(const CString& name) const {
 
 void CPhoneSet::Serialize(CArchive& ar) { CSet::Serialize(ar); }
 
-void CPhoneSet::printToBuffer(CStringArray& out, int setNumber, unsigned short firstCall) const {
+void CPhoneSet::printToBuffer(CStringArray& out, int setNumber, unsigned short firstCall,
+                              const ElementLinesEnd* elementEnd) const {
   PrintCallTable<CPhoneCall>(
       out, setNumber, *this,
       {"Call    Name           Number                             Display          Dig  Encrypt",
@@ -64,7 +65,8 @@ void CPhoneSet::printToBuffer(CStringArray& out, int setNumber, unsigned short f
                                   firstCall + position, c.GetName().c_str(), c.GetNumber().c_str(),
                                   WordOf(kDisplayWords, c.GetDisplay()).c_str(),
                                   SwitchWord(c.GetDigital()), SwitchWord(c.GetEncrypted()));
-      });
+      },
+      elementEnd);
 }
 
 }  // namespace persona

@@ -50,7 +50,8 @@ int CPlmSpCallSet::FindCallIndex(const CString& name) const {
 
 void CPlmSpCallSet::Serialize(CArchive& ar) { CSet::Serialize(ar); }
 
-void CPlmSpCallSet::printToBuffer(CStringArray& out, int setNumber) const {
+void CPlmSpCallSet::printToBuffer(CStringArray& out, int setNumber,
+                                  const ElementLinesEnd* elementEnd) const {
   PrintCallTable<CPlmSpCall>(
       out, setNumber, *this,
       {"     Call     Name         Type         Number                        Tones",
@@ -60,7 +61,8 @@ void CPlmSpCallSet::printToBuffer(CStringArray& out, int setNumber) const {
                                   position, c.GetName().c_str(),
                                   WordOf(kTypeWords, c.GetType()).c_str(), c.GetNumber().c_str(),
                                   c.GetTone(0), c.GetTone(1), c.GetTone(2), c.GetTone(3));
-      });
+      },
+      elementEnd);
 }
 
 }  // namespace persona

@@ -90,8 +90,10 @@ class PERSONA_EXPORT CPlmSpCallSet : public CElementSet {
   // empty name).
   int FindCallIndex(const CString& name) const;
 
-  // Appends the set's heading and its call table (calls numbered from 1).
-  void printToBuffer(CStringArray& out, int setNumber) const;
+  // Appends the set's heading and its call table (calls numbered from 1). elementEnd, when given,
+  // is called after each element's lines (see ElementLinesEnd).
+  void printToBuffer(CStringArray& out, int setNumber,
+                     const ElementLinesEnd* elementEnd = nullptr) const;
 
   // The CSet part only.
   void Serialize(CArchive& ar) override;

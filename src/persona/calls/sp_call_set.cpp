@@ -61,7 +61,8 @@ void CSpCallSet::Serialize(CArchive& ar) {
   SerializeFields(ar, *this);
 }
 
-void CSpCallSet::printToBuffer(CStringArray& out, int setNumber) const {
+void CSpCallSet::printToBuffer(CStringArray& out, int setNumber,
+                               const ElementLinesEnd* elementEnd) const {
   PrintCallTable<CSpCall>(
       out, setNumber, *this,
       {CString::Formatted("     LID Low  - %-5d", m_LidLow),
@@ -72,7 +73,8 @@ void CSpCallSet::printToBuffer(CStringArray& out, int setNumber) const {
         return CString::Formatted("     %2d       %-12s %-9s    %-26s    %-3s", position,
                                   c.GetName().c_str(), WordOf(kTypeWords, c.GetType()).c_str(),
                                   c.GetNumber().c_str(), SwitchWord(c.GetDigital()));
-      });
+      },
+      elementEnd);
 }
 
 }  // namespace persona

@@ -95,8 +95,10 @@ class PERSONA_EXPORT CSpCallSet : public CElementSet {
   WORD GetLidHigh() const { return m_LidHigh; }
   void SetLidHigh(WORD v) { m_LidHigh = v; }
 
-  // Appends the set's heading, its ID range and its call table (calls numbered from 1).
-  void printToBuffer(CStringArray& out, int setNumber) const;
+  // Appends the set's heading, its ID range and its call table (calls numbered from 1). elementEnd,
+  // when given, is called after each element's lines (see ElementLinesEnd).
+  void printToBuffer(CStringArray& out, int setNumber,
+                     const ElementLinesEnd* elementEnd = nullptr) const;
 
   // The CSet part, then LidLow, LidHigh.
   void Serialize(CArchive& ar) override;

@@ -239,7 +239,7 @@ void CConvSet::PrintHeader(CStringArray& out, int setNumber) const {
 }
 
 void CConvSet::printToBuffer(CStringArray& out, int setNumber, unsigned short radioType,
-                             double bandFrequency) const {
+                             double bandFrequency, const ElementLinesEnd* elementEnd) const {
   PrintHeader(out, setNumber);
   int n = 0;
   for (CObject* obj : m_elements) {
@@ -257,6 +257,7 @@ void CConvSet::printToBuffer(CStringArray& out, int setNumber, unsigned short ra
       PrintCoyleBlock(out, *c);
     }
     out.Add(CString());
+    EndElementLines(elementEnd, out);
   }
   out.Add(CString());
 }

@@ -371,8 +371,9 @@ class PERSONA_EXPORT CConvSet : public CElementSet {
 
   // Appends the report lines of the set (numbered setNumber) and of every channel; radioType
   // selects the model option block, a bandFrequency above 890 MHz prints every channel narrow.
+  // elementEnd, when given, is called after each element's lines (see ElementLinesEnd).
   void printToBuffer(CStringArray& out, int setNumber, unsigned short radioType,
-                     double bandFrequency) const;
+                     double bandFrequency, const ElementLinesEnd* elementEnd = nullptr) const;
 
   double GetTxMinFreq() const { return m_TxMinFreq; }
   void SetTxMinFreq(double v) { m_TxMinFreq = v; }

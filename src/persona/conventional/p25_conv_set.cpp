@@ -129,13 +129,17 @@ void CP25ConvSet::Serialize(CArchive& ar) {
   SerializeFields(ar, *this);
 }
 
-void CP25ConvSet::printToBuffer(CStringArray& out, int setNumber, unsigned short, double) const {
+void CP25ConvSet::printToBuffer(CStringArray& out, int setNumber, unsigned short, double,
+                                const ElementLinesEnd* elementEnd) const {
   out.Add(CString::Formatted("   %-3d - %-12s", setNumber, GetName().c_str()));
   out.Add(CString::Formatted("                  P25 Group Set     - %-12s", m_P25GroupSet.c_str()));
   int n = 0;
   for (CObject* obj : m_elements) {
     ++n;
-    if (const CP25ConvChannel* c = set_helpers::As<CP25ConvChannel>(obj)) PrintChannel(out, n, *c);
+    if (const CP25ConvChannel* c = set_helpers::As<CP25ConvChannel>(obj)) {
+      PrintChannel(out, n, *c);
+      EndElementLines(elementEnd, out);
+    }
   }
 }
 

@@ -186,9 +186,10 @@ class PERSONA_EXPORT CP25ConvSet : public CElementSet {
   int CheckFrequencyRange(double first, double second, double third, double fourth) const;
 
   // Appends the set's heading and group set line, then 11 lines and an empty line per channel.
-  // radioType and bandFrequency are not used.
+  // radioType and bandFrequency are not used. elementEnd, when given, is
+  // called after each element's lines (see ElementLinesEnd).
   void printToBuffer(CStringArray& out, int setNumber, unsigned short radioType = 0,
-                     double bandFrequency = 0.0) const;
+                     double bandFrequency = 0.0, const ElementLinesEnd* elementEnd = nullptr) const;
 
   double GetTxMinFreq() const { return m_TxMinFreq; }
   void SetTxMinFreq(double v) { m_TxMinFreq = v; }

@@ -6,6 +6,7 @@
 #include <persona/export.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -16,6 +17,17 @@
 #include <persona/framework/object.h>
 
 namespace persona {
+
+// Called by a set's printToBuffer after the report lines of each of its elements, with the
+// array they were appended to. A caller that writes the lines out as they come (the streamed
+// report) may write them and empty the array, so that the text of a set of many thousands of
+// elements is never in memory at once; the set goes on appending to the array either way.
+using ElementLinesEnd = std::function<void(CStringArray& out)>;
+
+// Calls *end on out when there is one.
+inline void EndElementLines(const ElementLinesEnd* end, CStringArray& out) {
+  if (end != nullptr && *end) (*end)(out);
+}
 
 class PERSONA_EXPORT CSet : public CObject {
   DECLARE_SERIAL(CSet)

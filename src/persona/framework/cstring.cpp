@@ -32,6 +32,37 @@ struct Conversion {
 constexpr std::size_t kMaxWidth = 4096;
 constexpr int kMaxPrecision = 64;
 
+// The text of one formatting, gathered on the stack: a text longer than the buffer is marked
+// over, and the caller formats it again with vsnprintf.
+class FormatText {
+ public:
+  void Append(const char* text, std::size_t size) {
+    if (size > sizeof m_text - m_size) {
+      m_over = true;
+      return;
+    }
+    std::memcpy(m_text + m_size, text, size);
+    m_size += size;
+  }
+  void Append(std::string_view text) { Append(text.data(), text.size()); }
+  void Fill(char c, std::size_t count) {
+    if (count > sizeof m_text - m_size) {
+      m_over = true;
+      return;
+    }
+    std::memset(m_text + m_size, c, count);
+    m_size += count;
+  }
+  bool Over() const { return m_over; }
+  const char* Data() const { return m_text; }
+  std::size_t Size() const { return m_size; }
+
+ private:
+  char m_text[1024];
+  std::size_t m_size = 0;
+  bool m_over = false;
+};
+
 bool IsDigit(char ch) { return ch >= '0' && ch <= '9'; }
 
 // Reads the conversion that starts after a '%' and moves p past it. False for anything the
@@ -69,18 +100,18 @@ bool ReadConversion(const char*& p, Conversion& c) {
 
 // Appends sign and digits padded to the conversion's width: blanks on the right or the left,
 // or zeros between the sign and the digits.
-void AppendPadded(std::string& out, const Conversion& c, std::string_view sign,
+void AppendPadded(FormatText& out, const Conversion& c, std::string_view sign,
                   std::string_view body) {
   const std::size_t length = sign.size() + body.size();
   const std::size_t pad = c.width > length ? c.width - length : 0;
-  if (!c.left && !c.zero) out.append(pad, ' ');
-  out.append(sign);
-  if (!c.left && c.zero) out.append(pad, '0');
-  out.append(body);
-  if (c.left) out.append(pad, ' ');
+  if (!c.left && !c.zero) out.Fill(' ', pad);
+  out.Append(sign);
+  if (!c.left && c.zero) out.Fill('0', pad);
+  out.Append(body);
+  if (c.left) out.Fill(' ', pad);
 }
 
-void AppendInteger(std::string& out, const Conversion& c, va_list* args) {
+void AppendInteger(FormatText& out, const Conversion& c, va_list* args) {
   unsigned long long magnitude = 0;
   bool negative = false;
   if (c.type == 'd' || c.type == 'i') {
@@ -106,7 +137,7 @@ void AppendInteger(std::string& out, const Conversion& c, va_list* args) {
 }
 
 // False for a value that is not finite (vsnprintf spells those).
-bool AppendFixed(std::string& out, const Conversion& c, va_list* args) {
+bool AppendFixed(FormatText& out, const Conversion& c, va_list* args) {
   const double v = va_arg(*args, double);
   if (!std::isfinite(v)) return false;
   char digits[320 + kMaxPrecision];
@@ -121,7 +152,7 @@ bool AppendFixed(std::string& out, const Conversion& c, va_list* args) {
 }
 
 // With a precision, reads at most that many bytes, as printf does (the text need not end there).
-void AppendText(std::string& out, const Conversion& c, const char* text) {
+void AppendText(FormatText& out, const Conversion& c, const char* text) {
   std::size_t length = 0;
   if (c.precision < 0) {
     length = std::strlen(text);
@@ -134,19 +165,19 @@ void AppendText(std::string& out, const Conversion& c, const char* text) {
 
 // Formats the conversions the report's lines use (flags '-' and '0', width, precision, 'l' and
 // 'll'; d i u x X c s f and %%) as printf does, without the cost of vsnprintf. Returns false at
-// anything else, with out half written and args consumed: the caller formats afresh.
-bool FormatCommon(std::string& out, const char* fmt, va_list* args) {
-  out.clear();
+// anything else or a text longer than out holds, with out half written and args consumed: the
+// caller formats afresh.
+bool FormatCommon(FormatText& out, const char* fmt, va_list* args) {
   for (const char* p = fmt; *p != '\0';) {
     const char* percent = std::strchr(p, '%');
     if (percent == nullptr) {
-      out.append(p);
+      out.Append(p, std::strlen(p));
       break;
     }
-    out.append(p, static_cast<std::size_t>(percent - p));
+    out.Append(p, static_cast<std::size_t>(percent - p));
     p = percent + 1;
     if (*p == '%') {
-      out.push_back('%');
+      out.Append("%", 1);
       ++p;
       continue;
     }
@@ -165,7 +196,7 @@ bool FormatCommon(std::string& out, const char* fmt, va_list* args) {
       AppendInteger(out, c, args);
     }
   }
-  return true;
+  return !out.Over();
 }
 
 }  // namespace
@@ -241,11 +272,11 @@ void CString::FormatV(const char* fmt, va_list args) {
   va_list copy;
   va_copy(copy, args);
   // The format and the arguments may point into this string: write elsewhere first.
-  thread_local std::string text;
+  FormatText text;
   const bool done = FormatCommon(text, fmt, &copy);
   va_end(copy);
   if (done) {
-    m_str.assign(text);
+    m_str.assign(text.Data(), text.Size());
     return;
   }
   char small[256];

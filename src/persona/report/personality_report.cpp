@@ -383,7 +383,8 @@ struct SetContext {
   int number;
   unsigned short radioType;
   double bandFrequency;
-  unsigned short callsBefore;  // calls in the earlier sets of the kind
+  unsigned short callsBefore;         // calls in the earlier sets of the kind
+  const ElementLinesEnd* elementEnd;  // called after each element's lines
 };
 
 // The numbered name line that the call and channel sets print themselves; the trunk and group
@@ -421,44 +422,47 @@ bool PrintSet(CSet& set, SetType type, SetContext& c) {
     case TrunkSetType:
       return PrintAs<CTrunkSet>(set, c, [](const CTrunkSet& s, SetContext& x) {
         PrintSetTitle(s, x);
-        s.printToBuffer(x.out);
+        s.printToBuffer(x.out, 0, x.elementEnd);
       });
     case GroupSetType:
     case EaGroupSetType:
       return PrintAs<CGroupSet>(set, c, [](const CGroupSet& s, SetContext& x) {
         PrintSetTitle(s, x);
-        s.printToBuffer(x.out);
+        s.printToBuffer(x.out, 0, x.elementEnd);
       });
     case P25GroupSetType:
       return PrintAs<CP25GroupSet>(set, c, [](const CP25GroupSet& s, SetContext& x) {
         PrintSetTitle(s, x);
-        s.printToBuffer(x.out);
+        s.printToBuffer(x.out, 0, x.elementEnd);
       });
     case PlmGroupSetType:
-      return PrintAs<CPlmGroupSet>(
-          set, c, [](const CPlmGroupSet& s, SetContext& x) { s.printToBuffer(x.out, x.number); });
+      return PrintAs<CPlmGroupSet>(set, c, [](const CPlmGroupSet& s, SetContext& x) {
+        s.printToBuffer(x.out, x.number, x.elementEnd);
+      });
     case ConvSetType:
       return PrintAs<CConvSet>(set, c, [](const CConvSet& s, SetContext& x) {
-        s.printToBuffer(x.out, x.number, x.radioType, x.bandFrequency);
+        s.printToBuffer(x.out, x.number, x.radioType, x.bandFrequency, x.elementEnd);
       });
     case P25ConvSetType:
       return PrintAs<CP25ConvSet>(set, c, [](const CP25ConvSet& s, SetContext& x) {
-        s.printToBuffer(x.out, x.number, x.radioType, x.bandFrequency);
+        s.printToBuffer(x.out, x.number, x.radioType, x.bandFrequency, x.elementEnd);
       });
     case PhoneSetType:
       return PrintAs<CPhoneSet>(set, c, [](const CPhoneSet& s, SetContext& x) {
-        s.printToBuffer(x.out, x.number, x.callsBefore);
+        s.printToBuffer(x.out, x.number, x.callsBefore, x.elementEnd);
       });
     case ICallSetType:
       return PrintAs<CICallSet>(set, c, [](const CICallSet& s, SetContext& x) {
-        s.printToBuffer(x.out, x.number, x.callsBefore);
+        s.printToBuffer(x.out, x.number, x.callsBefore, x.elementEnd);
       });
     case SpCallSetType:
-      return PrintAs<CSpCallSet>(
-          set, c, [](const CSpCallSet& s, SetContext& x) { s.printToBuffer(x.out, x.number); });
+      return PrintAs<CSpCallSet>(set, c, [](const CSpCallSet& s, SetContext& x) {
+        s.printToBuffer(x.out, x.number, x.elementEnd);
+      });
     case PlmSpCallSetType:
-      return PrintAs<CPlmSpCallSet>(
-          set, c, [](const CPlmSpCallSet& s, SetContext& x) { s.printToBuffer(x.out, x.number); });
+      return PrintAs<CPlmSpCallSet>(set, c, [](const CPlmSpCallSet& s, SetContext& x) {
+        s.printToBuffer(x.out, x.number, x.elementEnd);
+      });
   }
   return false;
 }
@@ -509,7 +513,7 @@ void PrintSets(const CPersonality& p, CStringArray& out, const BlockEnd& blockEn
         if (CObject* record = p.GetSetRecordAt(i, type)) PrintGenericRecord(out, *record);
         continue;
       }
-      SetContext context{out, i + 1, p.GetLastRadio(), p.GetTxMaxFreq(), elementsBefore};
+      SetContext context{out, i + 1, p.GetLastRadio(), p.GetTxMaxFreq(), elementsBefore, &blockEnd};
       if (!PrintSet(*set, type, context)) {
         PrintGenericRecord(out, *set);
       } else {
@@ -537,12 +541,16 @@ void PrintPersonalityReport(const CPersonality& personality, CStringArray& out) 
 }
 
 void StreamPersonalityReport(const CPersonality& personality, const ReportSink& sink) {
-  CStringArray block;
-  PrintPersonalityReport(personality, block, [&sink](CStringArray& lines) {
-    if (lines.IsEmpty()) return;
+  // Lines go out in pieces of a few hundred: the heap strings of a piece are taken again by the
+  // next one while they are still in the cache, and no set is ever held whole as text.
+  constexpr int kPieceLines = 256;
+  CStringArray piece;
+  PrintPersonalityReport(personality, piece, [&sink](CStringArray& lines) {
+    if (lines.GetSize() < kPieceLines) return;
     sink(lines);
     lines.RemoveAll();
   });
+  if (!piece.IsEmpty()) sink(piece);
 }
 
 const char* const* ReportOptionOrder(std::size_t* count) {

@@ -42,19 +42,22 @@ namespace persona {
 PERSONA_EXPORT void PrintPersonalityReport(const CPersonality& personality, CStringArray& out);
 
 // Called after each block of the report (the title, each option record's block, each system,
-// each set kind's heading, each set) with the array the block was appended to.
+// each set kind's heading, each set), and after the lines of each element of a set, with the
+// array they were appended to.
 using BlockEnd = std::function<void(CStringArray& out)>;
 
-// As above, calling blockEnd after each block; whatever blockEnd does to out (write the lines
-// out and empty it, typically) the report goes on appending to it. Throws what blockEnd throws.
+// As above, calling blockEnd after each block and each set element; whatever blockEnd does to
+// out (write the lines out and empty it, typically) the report goes on appending to it. Throws
+// what blockEnd throws.
 PERSONA_EXPORT void PrintPersonalityReport(const CPersonality& personality, CStringArray& out,
                                            const BlockEnd& blockEnd);
 
-// Receives the lines of one block of the report (never empty); the driver empties them after.
+// Receives the next lines of the report (never empty); the driver empties them after.
 using ReportSink = std::function<void(const CStringArray& lines)>;
 
-// The report of personality block by block: sink gets each block's lines in report order, so
-// that only the largest block (one set) is in memory at a time. Throws what sink throws.
+// The report of personality piece by piece: sink gets its lines in report order, a few hundred
+// at a time (a piece ends at the end of a block or of a set element), so that no more than
+// that is in memory as text at a time. Throws what sink throws.
 PERSONA_EXPORT void StreamPersonalityReport(const CPersonality& personality,
                                             const ReportSink& sink);
 

@@ -77,8 +77,9 @@ void CExtAddGroupSet::copyKorvexGrpSet(const CGroupSet* src) {
   SetScope(0);
 }
 
-void CExtAddGroupSet::printToBuffer(CStringArray& out, int) const {
-  PrintGroupsAs<CExtAddGroup>(out);
+void CExtAddGroupSet::printToBuffer(CStringArray& out, int,
+                                    const ElementLinesEnd* elementEnd) const {
+  PrintGroupsAs<CExtAddGroup>(out, elementEnd);
 }
 
 void CExtAddGroupSet::Serialize(CArchive& ar) {

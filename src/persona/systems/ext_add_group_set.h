@@ -77,8 +77,10 @@ class PERSONA_EXPORT CExtAddGroupSet : public CGroupSet {
   // list is kept. A null src does nothing.
   void copyKorvexGrpSet(const CGroupSet* src);
 
-  // The header, then every group's lines with its key bank, each followed by an empty line.
-  void printToBuffer(CStringArray& out, int unused = 0) const override;
+  // The header, then every group's lines with its key bank, each followed by an empty line;
+  // elementEnd as for CGroupSet.
+  void printToBuffer(CStringArray& out, int unused = 0,
+                     const ElementLinesEnd* elementEnd = nullptr) const override;
 
   // Exactly the CGroupSet archive form.
   void Serialize(CArchive& ar) override;

@@ -147,6 +147,8 @@ void CGroupSet::printHeaderToBuffer(CStringArray& out) const {
   out.Add(CString());
 }
 
-void CGroupSet::printToBuffer(CStringArray& out, int) const { PrintGroupsAs<CGroup>(out); }
+void CGroupSet::printToBuffer(CStringArray& out, int, const ElementLinesEnd* elementEnd) const {
+  PrintGroupsAs<CGroup>(out, elementEnd);
+}
 
 }  // namespace persona

@@ -149,8 +149,10 @@ class PERSONA_EXPORT CGroupSet : public CElementSet, public CSetKeyList {
   // Appends the four group-name lines and an empty line.
   void printHeaderToBuffer(CStringArray& out) const;
   // Appends the header, then every group's lines (numbered from 1) each followed by an empty
-  // line. The int is not used.
-  virtual void printToBuffer(CStringArray& out, int unused = 0) const;
+  // line. The int is not used. elementEnd, when given, is
+  // called after each element's lines (see ElementLinesEnd).
+  virtual void printToBuffer(CStringArray& out, int unused = 0,
+                             const ElementLinesEnd* elementEnd = nullptr) const;
 
   // The CSet part, HomeGrp, Priority1Grp, Priority2Grp; PriorityTalkGrp from schema 2; the key
   // list from schema 3. The stored schema is read once per object. Archive faults raise
@@ -179,7 +181,7 @@ class PERSONA_EXPORT CGroupSet : public CElementSet, public CSetKeyList {
   // Appends the header, then the lines of every E (numbered by position from 1), each
   // followed by an empty line.
   template <class E>
-  void PrintGroupsAs(CStringArray& out) const {
+  void PrintGroupsAs(CStringArray& out, const ElementLinesEnd* elementEnd) const {
     printHeaderToBuffer(out);
     int n = 0;
     for (CObject* obj : m_elements) {
@@ -187,6 +189,7 @@ class PERSONA_EXPORT CGroupSet : public CElementSet, public CSetKeyList {
       if (const E* group = set_helpers::As<E>(obj)) {
         group->printToBuffer(out, n);
         out.Add(CString());
+        EndElementLines(elementEnd, out);
       }
     }
   }

@@ -86,7 +86,7 @@ void CP25GroupSet::Serialize(CArchive& ar) {
   SerializeFields(ar, *this);
 }
 
-void CP25GroupSet::printToBuffer(CStringArray& out, int) const {
+void CP25GroupSet::printToBuffer(CStringArray& out, int, const ElementLinesEnd* elementEnd) const {
   out.Add(CString::Formatted("                  Emer/Home Group   - %-8s", m_HomeGrp.c_str()));
   out.Add(CString::Formatted("                  Priority 1 Group  - %-8s", m_Priority1Grp.c_str()));
   out.Add(CString::Formatted("                  Priority 2 Group  - %-8s", m_Priority2Grp.c_str()));
@@ -106,6 +106,7 @@ void CP25GroupSet::printToBuffer(CStringArray& out, int) const {
         "                  Key ID            - %-5d       Suppress Key      - %-6s",
         Signed32(g->GetKeyId()), SwitchWord(g->GetSuppress())));
     out.Add(CString());
+    EndElementLines(elementEnd, out);
   }
 }
 

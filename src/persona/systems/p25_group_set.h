@@ -145,8 +145,10 @@ class PERSONA_EXPORT CP25GroupSet : public CElementSet {
   void SetPriority2Grp(CString v) { m_Priority2Grp = std::move(v); }
 
   // Appends the three group-name lines, an empty line, then four lines and an empty line per
-  // group. The int is not used.
-  void printToBuffer(CStringArray& out, int unused = 0) const;
+  // group. The int is not used. elementEnd, when given, is
+  // called after each element's lines (see ElementLinesEnd).
+  void printToBuffer(CStringArray& out, int unused = 0,
+                     const ElementLinesEnd* elementEnd = nullptr) const;
 
   // The CSet part, then HomeGrp, Priority1Grp, Priority2Grp (every schema).
   void Serialize(CArchive& ar) override;

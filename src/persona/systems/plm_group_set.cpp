@@ -52,7 +52,8 @@ void CPlmGroupSet::GetNames(CStringArray& names) const {
 
 void CPlmGroupSet::Serialize(CArchive& ar) { CSet::Serialize(ar); }
 
-void CPlmGroupSet::printToBuffer(CStringArray& out, int n) const {
+void CPlmGroupSet::printToBuffer(CStringArray& out, int n,
+                                 const ElementLinesEnd* elementEnd) const {
   out.Add(CString::Formatted("   %-3d - %-12s", n, GetName().c_str()));
   out.Add(CString());
   int position = 0;
@@ -77,6 +78,7 @@ void CPlmGroupSet::printToBuffer(CStringArray& out, int n) const {
         "                                                   Backlight       - %-3s",
         SwitchWord(g->GetBacklight())));
     out.Add(CString());
+    EndElementLines(elementEnd, out);
   }
   out.Add(CString());
 }

@@ -97,8 +97,9 @@ class PERSONA_EXPORT CPlmGroupSet : public CElementSet {
   void GetNames(CStringArray& names) const;
 
   // Appends the set's heading (n and its name), then every group's lines and a closing empty
-  // line.
-  void printToBuffer(CStringArray& out, int n) const;
+  // line. elementEnd, when given, is
+  // called after each element's lines (see ElementLinesEnd).
+  void printToBuffer(CStringArray& out, int n, const ElementLinesEnd* elementEnd = nullptr) const;
 
   // The CSet part only.
   void Serialize(CArchive& ar) override;

@@ -118,7 +118,7 @@ void CTrunkSet::Serialize(CArchive& ar) {
   }
 }
 
-void CTrunkSet::printToBuffer(CStringArray& out, int) const {
+void CTrunkSet::printToBuffer(CStringArray& out, int, const ElementLinesEnd* elementEnd) const {
   out.Add(CString::Formatted("                  Max Channel       - %-2d", m_MaxChan));
   out.Add(
       CString::Formatted("                  CC Limits         - %-8s     Send NB Unkey Mess - %-3s",
@@ -141,6 +141,7 @@ void CTrunkSet::printToBuffer(CStringArray& out, int) const {
                                number, ch->GetTxFreq(), ch->GetRxFreq(), SwitchWord(ch->GetOsOpt()),
                                WordOf(kChannelTypeWords, ch->GetType()).c_str(), ch->GetOscShift(),
                                SwitchWord(ch->GetNpspac())));
+    EndElementLines(elementEnd, out);
   }
 }
 

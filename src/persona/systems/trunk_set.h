@@ -116,7 +116,9 @@ class PERSONA_EXPORT CTrunkSet : public CElementSet, public CSetKeyList {
   int CheckFrequencyRange(double a, double b, double c, double d) const;
 
   // Appends the report lines of the set's settings and channel table; the int is not used.
-  void printToBuffer(CStringArray& out, int unused = 0) const;
+  // elementEnd, when given, is called after each element's lines (see ElementLinesEnd).
+  void printToBuffer(CStringArray& out, int unused = 0,
+                     const ElementLinesEnd* elementEnd = nullptr) const;
 
   double GetTxMinFreq() const { return m_TxMinFreq; }
   void SetTxMinFreq(double v) { m_TxMinFreq = v; }
