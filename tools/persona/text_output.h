@@ -1,13 +1,18 @@
 // Text output of the commands that write documents (the report, the JSON export): the text is
 // written as it is produced, through a buffer, to standard output or to a file written
 // atomically (a temporary file put in place at Commit(), with WriteText's backup rules), so
-// that no document is ever held whole in memory.
+// that no document is ever held whole in memory. A file's blocks are written by a thread of
+// their own while the next block is made.
 #pragma once
 
+#include <condition_variable>
 #include <cstddef>
+#include <exception>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <string_view>
+#include <thread>
 
 #include <persona/framework/file_io.h>
 
@@ -20,8 +25,11 @@ class TextOutput {
   explicit TextOutput(const std::string& path);
   TextOutput(const TextOutput&) = delete;
   TextOutput& operator=(const TextOutput&) = delete;
+  // Without Commit(), waits for the block being written, then discards a file output.
+  ~TextOutput();
 
-  // Appends text. Throws OutputError when a write fails.
+  // Appends text. Throws OutputError when a write fails (for a file, the failure of an earlier
+  // block may be the one reported).
   void Write(std::string_view text);
   void Write(char c) {
     m_buffer.push_back(c);
@@ -34,10 +42,22 @@ class TextOutput {
  private:
   static constexpr std::size_t kBufferSize = 1 << 16;
   void Drain();
-  void Emit(std::string_view text);  // writes text out, past the buffer
+  void Emit(std::string_view text);  // writes text to standard output
+  void WriteBlocks();                // the file's writing thread
+  void StopWriting();                // ends that thread once the block it holds is written
 
   std::string m_buffer;
   std::unique_ptr<AtomicFileWriter> m_file;  // null for standard output
+  // A file's blocks: the one handed to the writing thread (m_handed), the one that thread
+  // gave back to be filled again, and what ended it.
+  std::thread m_writer;
+  std::mutex m_lock;
+  std::condition_variable m_changed;
+  std::string m_handed;
+  std::string m_spare;
+  bool m_hasBlock = false;
+  bool m_ending = false;
+  std::exception_ptr m_failure;
 };
 
 }  // namespace persona::cli
