@@ -14,6 +14,7 @@
 #include <persona/report/personality_report.h>
 #include "bench_cases.h"
 #include "bench_diff.h"
+#include "bench_json.h"
 #include "references.h"
 
 namespace persona::bench {
@@ -230,6 +231,11 @@ const std::vector<Operation>& Operations() {
       {"check", Check, nullptr, false},
       {"diff", Diff, nullptr, false},
       {"refresh", Refresh, nullptr, true},
+      {"json_export", JsonExport, nullptr, false},
+      {"json_import", JsonImport, nullptr, false},
+      {"json_scan", JsonScanOnly, nullptr, false},
+      {"nlohmann_sax", JsonNlohmannSaxOnly, nullptr, false},
+      {"rapidjson_sax", JsonRapidjsonSaxOnly, RapidjsonAvailable, false},
   };
   return operations;
 }

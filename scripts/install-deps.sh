@@ -8,7 +8,7 @@ set -euo pipefail
 packages=(cmake ninja-build g++ libgtest-dev libgmock-dev nlohmann-json3-dev libcli11-dev python3
           pkg-config clang-format)
 case "${1:-}" in
-  bench) packages+=(libbenchmark-dev libboost-serialization-dev libcereal-dev time) ;;
+  bench) packages+=(libbenchmark-dev libboost-serialization-dev libcereal-dev rapidjson-dev time) ;;
   fuzz) packages+=(clang libclang-rt-14-dev) ;;
 esac
 
