@@ -203,6 +203,44 @@ TEST(StreamedJson, RecordsNestedThirtyTwoDeepAreReadAndDeeperOnesRefused) {
   std::remove(path.c_str());
 }
 
+// A record with a field held outside the object: the reader may not take its field table from
+// another record of the class.
+class CBoxedName : public CObject {
+  DECLARE_SERIAL(CBoxedName)
+  PERSONA_FIELDS(CObject)
+ public:
+  CBoxedName() = default;
+  CBoxedName(const CBoxedName& o) : CObject(o), name(std::make_unique<CString>(*o.name)) {}
+  std::unique_ptr<CString> name = std::make_unique<CString>();
+  WORD number = 0;
+  template <class V>
+  void Fields(V& v) {
+    v("Name", *name);
+    v("Number", number);
+  }
+};
+IMPLEMENT_SERIAL(CBoxedName, CObject, 1)
+
+TEST(StreamedJson, EachRecordsFieldsAreItsOwnWhereverTheyAreHeld) {
+  CRuntimeClass::Register(RUNTIME_CLASS(CBoxedName));
+  Json doc = Json::parse(StreamedJson(*BuildSamplePersonality()));
+  Json options = Json::array();
+  for (int i = 0; i < 3; ++i) {
+    options.push_back({{"$class", "CBoxedName"}, {"Name", "N" + std::to_string(i)}, {"Number", i}});
+  }
+  doc["personality"]["Options"] = options;
+  std::istringstream in(doc.dump());
+  std::unique_ptr<CPersonality> back = StreamPersonalityJson(in);
+  ASSERT_NE(back, nullptr);
+  ASSERT_EQ(back->GetNumOptions(), 3);
+  for (int i = 0; i < 3; ++i) {
+    const auto* boxed = dynamic_cast<const CBoxedName*>(back->GetOptionAt(i));
+    ASSERT_NE(boxed, nullptr);
+    EXPECT_EQ(boxed->name->str(), "N" + std::to_string(i));
+    EXPECT_EQ(boxed->number, i);
+  }
+}
+
 // The kind of a file told from its first bytes.
 TEST(PersonalityIo, TheKindOfAFileIsToldFromItsFirstBytes) {
   const auto kind = [](const std::vector<BYTE>& bytes) {

@@ -140,6 +140,10 @@ class Reader {
   }
   static double F64(std::string_view hex);
   void CreateRecord(Frame& f, std::string_view className);
+  // Fills f.fields with the field table of its record, new and of class rc: taken by a visit
+  // of the first record of the class, and for the next ones moved to their place when every
+  // field of the first lay within the record.
+  void TakeFieldTable(Frame& f, const CRuntimeClass& rc);
   void FieldKey(Frame& f, std::string_view k);
 
   std::vector<Frame> m_frames;  // the open objects and arrays up to m_depth, then spares
@@ -147,6 +151,14 @@ class Reader {
   Pending m_pending = Pending::None;
   const FieldRef* m_field = nullptr;  // Pending::Field: the field
   int m_openRecords = 0;
+  // The field table of each class read so far, with each member's offset in the record.
+  struct ClassFields {
+    bool seen = false;
+    bool inPlace = false;
+    std::vector<FieldRef> refs;
+    std::vector<std::size_t> offsets;
+  };
+  std::unordered_map<const CRuntimeClass*, ClassFields> m_classFields;
   std::unordered_map<long long, CObject*> m_ids;
   std::unique_ptr<CPersonality> m_root;
   std::vector<std::unique_ptr<CObject>> m_shared;
@@ -282,8 +294,31 @@ void Reader::CreateRecord(Frame& f, std::string_view className) {
     m_root.reset(static_cast<CPersonality*>(rec.release()));
   }
   ++m_openRecords;
-  CollectFieldRefs(*f.rec, f.fields);
+  TakeFieldTable(f, *rc);
   f.seen.assign(f.fields.size(), false);
+}
+
+void Reader::TakeFieldTable(Frame& f, const CRuntimeClass& rc) {
+  ClassFields& known = m_classFields[&rc];
+  auto* const base = reinterpret_cast<unsigned char*>(f.rec);
+  if (known.inPlace) {
+    f.fields = known.refs;
+    for (std::size_t i = 0; i < f.fields.size(); ++i) f.fields[i].member = base + known.offsets[i];
+    return;
+  }
+  CollectFieldRefs(*f.rec, f.fields);
+  if (known.seen) return;  // a class whose fields are not all within the record
+  known.seen = true;
+  const auto size = static_cast<std::size_t>(rc.m_nObjectSize);
+  std::vector<std::size_t> offsets;
+  for (const FieldRef& ref : f.fields) {
+    const auto* member = static_cast<const unsigned char*>(ref.member);
+    if (member < base || member >= base + size) return;
+    offsets.push_back(static_cast<std::size_t>(member - base));
+  }
+  known.refs = f.fields;
+  known.offsets = std::move(offsets);
+  known.inPlace = true;
 }
 
 void Reader::FieldKey(Frame& f, std::string_view k) {
