@@ -363,8 +363,6 @@ struct AtomicFileWriter::State {
     }
   }
 
-  // Flushes and closes the temporary file, keeps the backup, renames the temporary file over
-  // the target and flushes the folder.
   // Starts the writing to disk of what the temporary file holds past the last start, once a
   // few megabytes have gathered, so that the flush at the end waits for the tail alone
   // instead of the whole file. A hint: nothing fails if the system does not take it.
@@ -378,6 +376,8 @@ struct AtomicFileWriter::State {
 #endif
   }
 
+  // Flushes and closes the temporary file, keeps the backup, renames the temporary file over
+  // the target and flushes the folder.
   void Replace() {
     try {
       file->Flush();

@@ -1,9 +1,10 @@
 // Streaming reader of personality JSON documents over the events of JsonScanner. Each record
 // is created when its "$class" is read; its fields are then found by name in a table of
-// references to its members, taken by one visit of its fields, and set as their values
-// arrive. Anything outside the exporter's form (a record whose first key is not "$class",
-// an unknown field, a value of the wrong type or range, ...) abandons the stream; the caller
-// then reads the document whole, which either accepts it or names the fault.
+// references to its members (taken by a visit of the first record of its class, then moved to
+// each next one), and set as their values arrive. Anything outside the exporter's form (a
+// record whose first key is not "$class", an unknown field, a value of the wrong type or
+// range, ...) abandons the stream; the caller then reads the document whole, which either
+// accepts it or names the fault.
 #include <persona/io/json/json_reader.h>
 
 #include <algorithm>
