@@ -99,9 +99,9 @@ class PERSONA_JSON_EXPORT JsonScanner {
     if (!SkipSpace()) return false;
     switch (*m_p) {
       case '{':
-        return depth < kMaxDepth && Object(handler, depth + 1);
+        return depth < kMaxDepth && Container<true>(handler, depth + 1);
       case '[':
-        return depth < kMaxDepth && Array(handler, depth + 1);
+        return depth < kMaxDepth && Container<false>(handler, depth + 1);
       case '"': {
         std::string_view text;
         if (!String(&text)) return false;
@@ -119,54 +119,39 @@ class PERSONA_JSON_EXPORT JsonScanner {
     }
   }
 
-  template <class Handler>
-  bool Object(Handler& handler, int depth) {
+  // An object or an array, from its opening bracket: members (key, colon, value) or elements,
+  // separated by commas, up to the closing bracket.
+  template <bool kObject, class Handler>
+  bool Container(Handler& handler, int depth) {
+    constexpr char kClose = kObject ? '}' : ']';
     ++m_p;
-    handler.StartObject();
+    if constexpr (kObject) {
+      handler.StartObject();
+    } else {
+      handler.StartArray();
+    }
     if (!SkipSpace()) return false;
-    if (*m_p == '}') {
+    while (*m_p != kClose) {
+      if constexpr (kObject) {
+        std::string_view key;
+        if (*m_p != '"' || !String(&key)) return false;
+        handler.Key(key);
+        if (!SkipSpace() || *m_p != ':') return false;
+        ++m_p;
+      }
+      if (!Value(handler, depth) || !SkipSpace()) return false;
+      if (*m_p == kClose) break;
+      if (*m_p != ',') return false;
       ++m_p;
+      if (!SkipSpace() || *m_p == kClose) return false;  // a comma before the bracket
+    }
+    ++m_p;
+    if constexpr (kObject) {
       handler.EndObject();
-      return true;
-    }
-    for (;;) {
-      std::string_view key;
-      if (*m_p != '"' || !String(&key)) return false;
-      handler.Key(key);
-      if (!SkipSpace() || *m_p != ':') return false;
-      ++m_p;
-      if (!Value(handler, depth) || !SkipSpace()) return false;
-      if (*m_p == '}') {
-        ++m_p;
-        handler.EndObject();
-        return true;
-      }
-      if (*m_p != ',') return false;
-      ++m_p;
-      if (!SkipSpace()) return false;
-    }
-  }
-
-  template <class Handler>
-  bool Array(Handler& handler, int depth) {
-    ++m_p;
-    handler.StartArray();
-    if (!SkipSpace()) return false;
-    if (*m_p == ']') {
-      ++m_p;
+    } else {
       handler.EndArray();
-      return true;
     }
-    for (;;) {
-      if (!Value(handler, depth) || !SkipSpace()) return false;
-      if (*m_p == ']') {
-        ++m_p;
-        handler.EndArray();
-        return true;
-      }
-      if (*m_p != ',') return false;
-      ++m_p;
-    }
+    return true;
   }
 
   // Reads the string at m_p (its opening quote); *text receives its decoded UTF-8 text, valid
