@@ -31,28 +31,28 @@ int HexValue(char c) {
 bool IsUtf8(std::string_view text) {
   for (std::size_t i = 0; i < text.size();) {
     const auto b = static_cast<unsigned char>(text[i]);
-    std::size_t len = 1;
-    std::uint32_t cp = b;
-    if (b >= 0x80) {
-      if (b >= 0xC2 && b <= 0xDF) {
-        len = 2, cp = b & 0x1F;
-      } else if (b >= 0xE0 && b <= 0xEF) {
-        len = 3, cp = b & 0x0F;
-      } else if (b >= 0xF0 && b <= 0xF4) {
-        len = 4, cp = b & 0x07;
-      } else {
-        return false;
-      }
-      if (text.size() - i < len) return false;
-      for (std::size_t k = 1; k < len; ++k) {
-        const auto c = static_cast<unsigned char>(text[i + k]);
-        if ((c & 0xC0) != 0x80) return false;
-        cp = (cp << 6) | (c & 0x3F);
-      }
-      if ((len == 3 && (cp < 0x800 || (cp >= 0xD800 && cp <= 0xDFFF))) ||
-          (len == 4 && (cp < 0x10000 || cp > 0x10FFFF))) {
-        return false;
-      }
+    if (b < 0x80) {
+      ++i;
+      continue;
+    }
+    std::size_t len = 4;
+    std::uint32_t cp = b & 0x07;
+    if (b >= 0xC2 && b <= 0xDF) {
+      len = 2, cp = b & 0x1F;
+    } else if (b >= 0xE0 && b <= 0xEF) {
+      len = 3, cp = b & 0x0F;
+    } else if (b < 0xF0 || b > 0xF4) {
+      return false;
+    }
+    if (text.size() - i < len) return false;
+    for (std::size_t k = 1; k < len; ++k) {
+      const auto c = static_cast<unsigned char>(text[i + k]);
+      if ((c & 0xC0) != 0x80) return false;
+      cp = (cp << 6) | (c & 0x3F);
+    }
+    if ((len == 3 && (cp < 0x800 || (cp >= 0xD800 && cp <= 0xDFFF))) ||
+        (len == 4 && (cp < 0x10000 || cp > 0x10FFFF))) {
+      return false;
     }
     i += len;
   }
