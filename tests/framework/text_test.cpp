@@ -70,6 +70,7 @@ TEST(CStringTest, FormatWritesWhatPrintfWrites) {
   // Conversions the formatter leaves to the C library still come out right.
   ExpectAsPrintf("[%+d|% d|%e|%g|%*d|%5.3d|%#x|%hd|%s]", 5, 5, 1.5, 0.0001, 6, 7, 8, 9, 10,
                  "after");
+  ExpectAsPrintf("[%.0d|%.0x|%3.0u]", 0, 0u, 0u);  // a zero precision prints no digit of 0
   ExpectAsPrintf("[%f|%-6.2f]", HUGE_VAL, -NAN);
   std::mt19937_64 random(7);
   std::uniform_real_distribution<double> frequency(-1000.0, 1000.0);
