@@ -24,6 +24,8 @@ TEST(CStringTest, CasingFollowsTheCodePage) {
   EXPECT_EQ(CString("North").CompareNoCase("NORTH"), 0);
   EXPECT_LT(CString("Alpha").CompareNoCase("beta"), 0);
   EXPECT_GT(CString("\xE9").Compare("z"), 0);  // bytes compare unsigned
+  EXPECT_EQ(CString("b").Compare("a"), 1);     // -1, 0 or 1, whatever the bytes' difference
+  EXPECT_EQ(CString("a").Compare("c"), -1);
   EXPECT_EQ(CString("ab").CompareNoCase("ABC"), -1);
 }
 
