@@ -110,6 +110,15 @@ TEST(StreamedJson, ReadsBackTheSameBytesAndHandsOtherFormsToTheWholeReader) {
   const std::string path = WriteTemp("moved_class.json", moved);
   EXPECT_EQ(StorePersonalityBytes(*ReadPersonalityJsonFile(path)), bytes);
   std::remove(path.c_str());
+  // A field given twice: valid JSON, the last value holds, but read whole.
+  const std::string name = "\"Name\": \"SAMPLE COUNTY\",";
+  std::string twice = text;
+  twice.insert(twice.find(name), "\"Name\": \"FIRST\", ");
+  std::istringstream twiceIn(twice);
+  EXPECT_EQ(StreamPersonalityJson(twiceIn), nullptr);
+  const std::string twicePath = WriteTemp("twice.json", twice);
+  EXPECT_EQ(StorePersonalityBytes(*ReadPersonalityJsonFile(twicePath)), bytes);
+  std::remove(twicePath.c_str());
 }
 
 TEST(StreamedJson, FaultsAreNamedByTheirPointer) {
