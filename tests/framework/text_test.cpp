@@ -38,6 +38,7 @@ TEST(CStringTest, TrimFindFormatAndIndexing) {
   EXPECT_EQ(s.Find('r'), 2);
   EXPECT_EQ(s.Find("th"), 3);
   EXPECT_EQ(s.Find('z'), -1);
+  EXPECT_EQ(s.Find("zz"), -1);
   EXPECT_EQ(s.Find('N', -4), 0);  // a start before the text starts at its first character
   EXPECT_EQ(s.Find("No", -1), 0);
   EXPECT_EQ(s.Find('r', 3), -1);

@@ -111,6 +111,8 @@ TEST(JsonScanner, RefusesInvalidTextAndWhatItLeavesToTheFullParser) {
                                             "\"\\x\"",
                                             "\"\\u12\"",
                                             "\"\\u12G4\"",
+                                            "\"\\ud800\"",  // lone surrogates
+                                            "\"\\udfff\"",
                                             "\"\\",
                                             "\"\xC0\x80\"",
                                             "\"\xC3\"",
