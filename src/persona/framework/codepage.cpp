@@ -12,20 +12,23 @@ constexpr DWORD kHigh[32] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2
                              0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                              0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-void AppendUtf8(DWORD cp, std::string* out) {
-  if (cp < 0x80) {
-    out->push_back(static_cast<char>(cp));
-  } else if (cp < 0x800) {
-    out->push_back(static_cast<char>(0xC0 | (cp >> 6)));
-    out->push_back(static_cast<char>(0x80 | (cp & 0x3F)));
-  } else {
-    out->push_back(static_cast<char>(0xE0 | (cp >> 12)));
-    out->push_back(static_cast<char>(0x80 | ((cp >> 6) & 0x3F)));
-    out->push_back(static_cast<char>(0x80 | (cp & 0x3F)));
-  }
-}
-
 }  // namespace
+
+std::size_t EncodeUtf8(DWORD cp, char* out) {
+  if (cp < 0x80) {
+    out[0] = static_cast<char>(cp);
+    return 1;
+  }
+  if (cp < 0x800) {
+    out[0] = static_cast<char>(0xC0 | (cp >> 6));
+    out[1] = static_cast<char>(0x80 | (cp & 0x3F));
+    return 2;
+  }
+  out[0] = static_cast<char>(0xE0 | (cp >> 12));
+  out[1] = static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+  out[2] = static_cast<char>(0x80 | (cp & 0x3F));
+  return 3;
+}
 
 DWORD Windows1252ToUnicode(unsigned char byte) {
   return (byte >= 0x80 && byte <= 0x9F) ? kHigh[byte - 0x80] : byte;
@@ -42,7 +45,10 @@ char UnicodeToWindows1252(DWORD cp) {
 std::string Windows1252ToUtf8(const std::string& bytes) {
   std::string out;
   out.reserve(bytes.size());
-  for (char ch : bytes) AppendUtf8(Windows1252ToUnicode(static_cast<unsigned char>(ch)), &out);
+  char utf8[3];
+  for (char ch : bytes) {
+    out.append(utf8, EncodeUtf8(Windows1252ToUnicode(static_cast<unsigned char>(ch)), utf8));
+  }
   return out;
 }
 

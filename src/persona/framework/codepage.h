@@ -5,6 +5,7 @@
 
 #include <persona/export.h>
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,9 @@ namespace persona {
 PERSONA_EXPORT char UnicodeToWindows1252(DWORD codePoint);
 // The code point of a Windows-1252 byte.
 PERSONA_EXPORT DWORD Windows1252ToUnicode(unsigned char byte);
+// Writes the UTF-8 bytes of a code point of the Basic Multilingual Plane (at most 0xFFFF) at
+// out, which has room for 3; returns how many (1 to 3). Does not fail.
+PERSONA_EXPORT std::size_t EncodeUtf8(DWORD codePoint, char* out);
 // UTF-8 text of Windows-1252 bytes.
 PERSONA_EXPORT std::string Windows1252ToUtf8(const std::string& bytes);
 // Windows-1252 bytes of UTF-8 text; returns false (out unspecified) when the text is not valid

@@ -31,6 +31,7 @@
 #include <cstddef>
 #include <functional>
 
+#include <persona/core/set.h>
 #include <persona/core/set_types.h>
 #include <persona/framework/collections.h>
 #include <persona/personality/personality.h>
@@ -44,7 +45,8 @@ PERSONA_EXPORT void PrintPersonalityReport(const CPersonality& personality, CStr
 // Called after each block of the report (the title, each option record's block, each system,
 // each set kind's heading, each set), and after the lines of each element of a set, with the
 // array they were appended to.
-using BlockEnd = std::function<void(CStringArray& out)>;
+// The same type as a set's ElementLinesEnd, which it is also passed as.
+using BlockEnd = ElementLinesEnd;
 
 // As above, calling blockEnd after each block and each set element; whatever blockEnd does to
 // out (write the lines out and empty it, typically) the report goes on appending to it. Throws

@@ -3,6 +3,8 @@
 
 #include <array>
 
+#include <persona/framework/codepage.h>
+
 namespace persona {
 
 namespace {
@@ -111,16 +113,8 @@ bool JsonScanner::String(std::string_view* text) {
     }
     k += 4;
     if (cp >= 0xD800 && cp <= 0xDFFF) return false;  // surrogate pairs: left to the full parser
-    if (cp < 0x80) {
-      m_text.push_back(static_cast<char>(cp));
-    } else if (cp < 0x800) {
-      m_text.push_back(static_cast<char>(0xC0 | (cp >> 6)));
-      m_text.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
-    } else {
-      m_text.push_back(static_cast<char>(0xE0 | (cp >> 12)));
-      m_text.push_back(static_cast<char>(0x80 | ((cp >> 6) & 0x3F)));
-      m_text.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
-    }
+    char utf8[3];
+    m_text.append(utf8, EncodeUtf8(cp, utf8));
   }
   *text = m_text;
   return true;

@@ -89,7 +89,8 @@ class JsonText {
       if (byte < 0x80) {
         Escaped(byte);
       } else {
-        Utf8(Windows1252ToUnicode(byte));
+        char utf8[3];
+        Append(utf8, EncodeUtf8(Windows1252ToUnicode(byte), utf8));
       }
     }
     Put('"');
@@ -154,15 +155,6 @@ class JsonText {
     } else {
       Put(static_cast<char>(c));
     }
-  }
-  void Utf8(DWORD cp) {
-    if (cp < 0x800) {
-      Put(static_cast<char>(0xC0 | (cp >> 6)));
-    } else {
-      Put(static_cast<char>(0xE0 | (cp >> 12)));
-      Put(static_cast<char>(0x80 | ((cp >> 6) & 0x3F)));
-    }
-    Put(static_cast<char>(0x80 | (cp & 0x3F)));
   }
 
   static constexpr std::size_t kChunk = 1 << 16;
