@@ -7,6 +7,7 @@
 #include <functional>
 #include <sstream>
 
+#include <persona/calls/icall_set.h>
 #include <persona/calls/phone_set.h>
 #include <persona/conventional/conv_set.h>
 #include <persona/conventional/p25_conv_set.h>
@@ -77,6 +78,19 @@ std::vector<Break> Breaks() {
       {"WAN missing",
        [](CPersonality& p) { SetText(*p.GetSystem("P1"), "WaNetName", "WAN9"); },
        {"REF_WAN_MISSING 0 systems/P1/WaNetName"}},
+      {"WAN missing at set elements: a unique name, then two of one name by position",
+       [](CPersonality& p) {
+         CSet* ic = p.GetSet("IC", ICallSetType);
+         for (const char* name : {"Desk2", "Twin", "Twin"}) {
+           auto* call = new CICall;
+           call->SetName(name);
+           call->SetWaNetName("WAN9");
+           ic->Add(call);
+         }
+       },
+       {"REF_WAN_MISSING 0 sets/icall/IC/Desk2/WaNetName",
+        "REF_WAN_MISSING 0 sets/icall/IC/#3/WaNetName",
+        "REF_WAN_MISSING 0 sets/icall/IC/#4/WaNetName"}},
       {"channel out of band",
        [](CPersonality& p) {
          static_cast<CConvChannel*>(p.GetSet("CONV", ConvSetType)->GetAt(2))->SetTxFreq(900.0);

@@ -10,6 +10,7 @@
 #include <sstream>
 #include <type_traits>
 
+#include <persona/calls/icall_set.h>
 #include <persona/conventional/conv_set.h>
 #include <persona/integrity/name_refs.h>
 #include <persona/integrity/record_path.h>
@@ -377,6 +378,44 @@ TEST(RecordPath, BadPathsNameTheSegment) {
   EXPECT_EQ(ErrorOf(*p, "Systems/#1"),
             "\"Systems\" (column 1) is reached as systems/..., sets/<list>/... or options/...");
   EXPECT_EQ(ErrorOf(*p, "options/CNoSuchOpts"), "no option record \"CNoSuchOpts\" (column 9)");
+}
+
+// Element lookups answer the same whether the names were announced (one pass looking for them),
+// were not (every name listed), or were too many to look for one by one; a misplaced record
+// of another class names nothing.
+TEST(ElementNamesTest, AnnouncedOrNotTheAnswersAreTheSetsOwn) {
+  auto p = SamplePersonality(/*withMessaging=*/false);
+  CSet& conv = *p->GetSet("CONV", ConvSetType);
+  const CString ch1("CH1"), ch2("CH2"), ghost("CH9");
+  std::vector<CString> many;
+  for (int i = 0; i < 12; ++i) many.emplace_back("N" + std::to_string(i));
+  const auto answers = [&](ElementNames& names) {
+    std::string got;
+    for (const CString* n : {&ch1, &ghost, &ch2}) got += names.Has(conv, *n) ? "1" : "0";
+    return got;
+  };
+  ElementNames none;
+  EXPECT_EQ(answers(none), "101");
+  ElementNames announced;
+  announced.Expect(conv, ch1);
+  announced.Expect(conv, ghost);
+  EXPECT_EQ(answers(announced), "101");  // CH2 was not announced: the set is listed then
+  ElementNames crowd;
+  for (const CString& n : many) crowd.Expect(conv, n);
+  crowd.Expect(conv, ch2);
+  EXPECT_EQ(answers(crowd), "101");
+  ElementNames one;
+  one.Expect(conv, ch2);
+  EXPECT_TRUE(one.Has(conv, ch2));
+  EXPECT_TRUE(one.Has(conv, ch1));  // asked after the search for CH2 alone
+  auto* call = new CICall;          // of no use to a conventional set
+  const CString stray("CH7");
+  call->SetName(stray);
+  conv.Add(call);
+  ElementNames searched, listed;
+  searched.Expect(conv, stray);
+  EXPECT_FALSE(searched.Has(conv, stray));
+  EXPECT_FALSE(listed.Has(conv, stray));
 }
 
 }  // namespace

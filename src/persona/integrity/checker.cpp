@@ -106,6 +106,10 @@ class Checker {
 
   std::vector<Finding> Run() {
     CollectWans();
+    for (const NameRef& ref : m_refs) {
+      const bool element = ref.kind == RefKind::Channel || ref.kind == RefKind::Group;
+      if (element && ref.set != nullptr) m_elements.Expect(*ref.set, ref.Name());
+    }
     for (const NameRef& ref : m_refs) CheckRef(ref);
     for (int type = 0; type < kNumSetTypes; ++type) CheckList(static_cast<SetType>(type));
     CheckKeys();

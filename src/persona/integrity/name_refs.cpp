@@ -1,7 +1,10 @@
 // Collecting and resolving the name references of a personality.
 #include <persona/integrity/name_refs.h>
 
+#include <algorithm>
 #include <cstring>
+#include <memory>
+#include <unordered_set>
 #include <utility>
 
 #include <persona/integrity/record_path.h>
@@ -30,6 +33,12 @@ class RecordScan : public CFieldSkipper {
   std::vector<std::pair<const char*, CString*>> strings;
   std::vector<std::pair<const char*, COwnedObList*>> owned;
 
+  void Clear() {
+    pending.clear();
+    strings.clear();
+    owned.clear();
+  }
+
   void Field(const FieldInfo& f, CString& v) override {
     strings.emplace_back(f.name, &v);
     if (f.refersTo != nullptr) pending.push_back({f.name, *f.refersTo, &v, nullptr});
@@ -47,30 +56,72 @@ class RecordScan : public CFieldSkipper {
   }
 };
 
+// The paths below one owned list, made when a record of the list first needs its own (most
+// elements hold no name reference and never do).
+class ListPaths {
+ public:
+  ListPaths(CObject& owner, const COwnedObList& list, std::string base)
+      : m_owner(owner), m_list(list), m_base(std::move(base)) {}
+
+  std::string PathOf(std::size_t k) {
+    if (m_segments.empty()) m_segments = ElementSegments(m_owner, m_list);
+    return m_base + "/" + m_segments[k];
+  }
+
+ private:
+  CObject& m_owner;
+  const COwnedObList& m_list;
+  std::string m_base;
+  std::vector<std::string> m_segments;
+};
+
 class Collector {
  public:
   explicit Collector(std::vector<NameRef>& out) : m_out(out) {}
 
   // Walks record and everything it owns. holder: the set the record is or belongs to.
   void Walk(CObject& record, const std::string& path, CSet* holder, int systemType) {
-    RecordScan scan;
+    WalkAt(record, {&path, nullptr, 0}, holder, systemType, 0);
+  }
+
+ private:
+  // A record's path: given, or the at-th of a list's, made when first asked for.
+  struct PathOf {
+    const std::string* given;
+    ListPaths* list;
+    std::size_t at;
+    std::string operator()() const { return given != nullptr ? *given : list->PathOf(at); }
+  };
+
+  // The record's path is made only when the record holds a reference or owns records. A record
+  // of a class seen to hold neither is passed over without a visit.
+  void WalkAt(CObject& record, const PathOf& pathOf, CSet* holder, int systemType,
+              std::size_t depth) {
+    const CRuntimeClass* cls = record.GetRuntimeClass();
+    if (m_inert.count(cls) != 0) return;
+    if (m_scans.size() <= depth) m_scans.emplace_back(std::make_unique<RecordScan>());
+    RecordScan& scan = *m_scans[depth];
+    scan.Clear();
     record.VisitFields(scan);
+    if (scan.pending.empty() && scan.owned.empty()) {
+      m_inert.insert(cls);
+      return;
+    }
+    const std::string path = pathOf();
     for (const RecordScan::Pending& p : scan.pending)
       Add(record, scan, p, path, holder, systemType);
     auto* asSet = dynamic_cast<CSet*>(&record);
     for (const auto& [name, list] : scan.owned) {
-      const std::string base = asSet != nullptr ? path : path + "/" + name;
-      const std::vector<std::string> segments = ElementSegments(record, *list);
-      std::size_t k = 0;
+      ListPaths paths(record, *list, asSet != nullptr ? path : path + "/" + name);
+      std::size_t at = 0;
       for (CObject* child : *list) {
-        const std::string& segment = segments[k++];
-        if (child == nullptr) continue;
-        Walk(*child, base + "/" + segment, asSet != nullptr ? asSet : holder, -1);
+        if (child != nullptr)
+          WalkAt(*child, {nullptr, &paths, at}, asSet != nullptr ? asSet : holder, -1, depth + 1);
+        ++at;
       }
     }
   }
 
- private:
   void Add(CObject& record, const RecordScan& scan, const RecordScan::Pending& p,
            const std::string& path, CSet* holder, int systemType) {
     NameRef ref;
@@ -104,6 +155,8 @@ class Collector {
   }
 
   std::vector<NameRef>& m_out;
+  std::vector<std::unique_ptr<RecordScan>> m_scans;  // one per depth, reused
+  std::unordered_set<const CRuntimeClass*> m_inert;  // classes with no name field, no list
 };
 
 void Resolve(const CPersonality& p, NameRef& ref) {
@@ -185,15 +238,33 @@ bool IsElementOfSet(const CObject& element, const CSet& set) {
   return cls == nullptr || element.IsKindOf(cls);
 }
 
+void ElementNames::Expect(const CSet& set, const CString& name) {
+  Names& names = m_names[&set];
+  if (!names.searched && !names.listed) names.expected.push_back(name.str());
+}
+
 bool ElementNames::Has(CSet& set, const CString& name) {
-  auto [it, added] = m_names.try_emplace(&set);
-  if (added) {
+  Names& names = m_names[&set];
+  const std::string_view wanted = name.str();
+  const auto expected = [&names](std::string_view n) {
+    return std::find(names.expected.begin(), names.expected.end(), n) != names.expected.end();
+  };
+  if (!names.listed && !(names.searched && expected(wanted))) {
+    // Past a few expected names, one listing costs less than comparing each name with each.
+    constexpr std::size_t kSearchedNames = 8;
+    const bool search =
+        !names.searched && names.expected.size() <= kSearchedNames && expected(wanted);
+    names.held.clear();
+    if (!search) names.held.reserve(static_cast<std::size_t>(set.Elements().GetCount()));
     for (CObject* element : set.Elements()) {
       if (element == nullptr || !IsElementOfSet(*element, set)) continue;
-      if (const CString* n = FindNameField(*element)) it->second.insert(n->str());
+      const CString* n = FindNameField(*element);
+      if (n != nullptr && (!search || expected(n->str()))) names.held.insert(n->str());
     }
+    names.searched = search;
+    names.listed = !search;
   }
-  return it->second.count(name.str()) != 0;
+  return names.held.count(wanted) != 0;
 }
 
 std::vector<NameRef> CollectNameRefs(CPersonality& p) {

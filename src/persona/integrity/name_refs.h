@@ -8,6 +8,7 @@
 #include <persona/export.h>
 
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -67,14 +68,25 @@ PERSONA_EXPORT CSet* ElementSetOfSystem(const CPersonality& p, const CSystem& sy
 // are looked for only among such elements: a record of another class names no channel or group.
 PERSONA_EXPORT bool IsElementOfSet(const CObject& element, const CSet& set);
 
-// Exact element names of sets, each set listed once on first use.
+// Exact element names of sets, each set listed once on first use. The lists view the
+// elements' own names: they hold while the sets asked about keep their elements and names.
 class PERSONA_EXPORT ElementNames {
  public:
+  // Says that Has(set, name) will be asked: the first Has for a set whose every name was
+  // expected passes over the set once looking for those names only, instead of listing all of
+  // its names. The name is viewed, not copied: it must outlive the questions.
+  void Expect(const CSet& set, const CString& name);
   // True when set holds an element of its own element class (IsElementOfSet) named name.
   bool Has(CSet& set, const CString& name);
 
  private:
-  std::unordered_map<const CSet*, std::unordered_set<std::string>> m_names;
+  struct Names {
+    std::vector<std::string_view> expected;  // before the pass over the set
+    std::unordered_set<std::string_view> held;
+    bool listed = false;    // held lists every name of the set
+    bool searched = false;  // held lists the expected names the set holds
+  };
+  std::unordered_map<const CSet*, Names> m_names;
 };
 
 }  // namespace persona
