@@ -256,8 +256,9 @@ bool ElementNames::Has(CSet& set, const CString& name) {
         !names.searched && names.expected.size() <= kSearchedNames && expected(wanted);
     names.held.clear();
     if (!search) names.held.reserve(static_cast<std::size_t>(set.Elements().GetCount()));
+    const CRuntimeClass* cls = CPersonality::ElementClassOf(set);  // as IsElementOfSet
     for (CObject* element : set.Elements()) {
-      if (element == nullptr || !IsElementOfSet(*element, set)) continue;
+      if (element == nullptr || (cls != nullptr && !element->IsKindOf(cls))) continue;
       const CString* n = FindNameField(*element);
       if (n != nullptr && (!search || expected(n->str()))) names.held.insert(n->str());
     }
