@@ -83,6 +83,7 @@
 #include <persona/report/personality_ops.h>
 #include <persona/report/personality_report.h>
 #include <persona/report/record_lines.h>
+#include <persona/report/report_text.h>
 #include <persona/systems/conv_system.h>
 #include <persona/systems/esk_data.h>
 #include <persona/systems/esk_key_list.h>

@@ -26,6 +26,7 @@
 #include <persona/systems/group_set.h>
 #include <persona/systems/p25_group_set.h>
 #include "integrity/sample_personality.h"
+#include "support/record_testing.h"
 #include "support/test_data.h"
 
 namespace persona {
@@ -35,21 +36,6 @@ CObject* Make(const char* className) { return CRuntimeClass::FromName(className)
 
 // Hands out one of the personality's lists by field name, to put there records that the typed
 // operations do not take (a file may hold them all the same).
-COwnedObList& ListOf(CPersonality& p, const char* name) {
-  struct Grabber : CFieldSkipper {
-    using CFieldSkipper::Field;
-    std::string wanted;
-    COwnedObList* list = nullptr;
-    void Field(const FieldInfo& f, COwnedObList& v) override {
-      if (wanted == f.name) list = &v;
-    }
-  } grabber;
-  grabber.wanted = name;
-  p.VisitFields(grabber);
-  EXPECT_NE(grabber.list, nullptr) << name;
-  return *grabber.list;
-}
-
 std::string AlienName(int t) { return "ALIEN" + std::to_string(t); }
 
 // The sample personality, and in each set list: an element of the next list's class appended
@@ -70,8 +56,8 @@ std::unique_ptr<CPersonality> Mixed() {
     alien->Add(Make(CPersonality::ElementClassName(type)));
     p->AddSet(alien, type);
   }
-  ListOf(*p, "GroupSets").Add(new CPhoneCall);
-  ListOf(*p, "Systems").Add(new CStatusMessage);
+  test::OwnedList(*p, "GroupSets").Add(new CPhoneCall);
+  test::OwnedList(*p, "Systems").Add(new CStatusMessage);
   p->PutOption(new CGroup);
   p->PutOption(new CMacro);
   return p;

@@ -10,6 +10,7 @@
 #include <fstream>
 #include <limits>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 
 #include <unistd.h>
@@ -20,8 +21,10 @@
 #include <persona/io/personality_file.h>
 #include <persona/options/gen_radio_opts.h>
 #include <persona/report/personality_report.h>
+#include <persona/report/report_text.h>
 #include "sample/sample_personality.h"
 #include "support/expect.h"
+#include "support/record_testing.h"
 #include "support/test_data.h"
 
 namespace persona {
@@ -74,6 +77,61 @@ TEST(StreamedOutput, ReportPiecesMakeTheWholeReportAndNoSetIsHeldWhole) {
   // Pieces of a few hundred lines: one ends at the first block or element end past 255 lines.
   EXPECT_LT(largest, 400);
   EXPECT_GT(pieces, whole.GetSize() / 400);
+}
+
+// The text of the report made by one thread or several, with room for a whole set ahead or
+// for a single piece (every part then waits for its turn): always the whole report's lines,
+// in order, in pieces of whole lines. A sink that fails stops the threads and its failure
+// comes back.
+TEST(StreamedOutput, ReportTextIsTheWholeReportWhateverTheThreads) {
+  SampleSpec shape;
+  shape.conventionalChannels = 3000;
+  shape.channelsPerSet = 500;
+  std::unique_ptr<CPersonality> p = BuildSamplePersonality(shape);
+  // A list record that is not a set is a part of its own, printed where it stands.
+  test::OwnedList(*p, "PhoneSets").Add(new CGenRadioOpts);
+  CStringArray whole;
+  PrintPersonalityReport(*p, whole);
+  std::string expected;
+  for (const CString& line : whole) expected += line.str() + "\n";
+  ASSERT_GT(expected.size(), 1000000u);
+  struct Run {
+    unsigned threads;
+    std::size_t partBytes;
+  };
+  for (const Run run : {Run{1, 1}, Run{2, 8u << 20}, Run{3, 1}, Run{8, 100000}}) {
+    SCOPED_TRACE(std::to_string(run.threads) + " threads, " + std::to_string(run.partBytes));
+    ReportTextOptions options;
+    options.threads = run.threads;
+    options.partBytes = run.partBytes;
+    std::string text;
+    std::size_t pieces = 0;
+    StreamPersonalityReportText(
+        *p,
+        [&](std::string_view piece) {
+          ASSERT_FALSE(piece.empty());
+          EXPECT_EQ(piece.back(), '\n');
+          text.append(piece);
+          ++pieces;
+        },
+        options);
+    EXPECT_EQ(text, expected);
+    EXPECT_GT(pieces, expected.size() / (128u << 10));
+  }
+  for (unsigned threads : {1u, 3u}) {
+    ReportTextOptions options;
+    options.threads = threads;
+    options.partBytes = 1;
+    int calls = 0;
+    EXPECT_THROW(StreamPersonalityReportText(
+                     *p,
+                     [&calls](std::string_view) {
+                       if (++calls == 5) throw std::runtime_error("disk full");
+                     },
+                     options),
+                 std::runtime_error);
+    EXPECT_EQ(calls, 5);
+  }
 }
 
 std::string StreamedJson(CPersonality& p) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <stdexcept>
 
 #include <persona/io/field_text.h>
 
@@ -159,6 +160,24 @@ void FillFields(CObject& rec, int seed) {
 void FillSmall(CObject& rec, int seed) {
   SmallFiller filler(seed);
   rec.VisitFields(filler);
+}
+
+COwnedObList& OwnedList(CObject& rec, const char* name) {
+  struct Grabber : CFieldSkipper {
+    using CFieldSkipper::Field;
+    std::string wanted;
+    COwnedObList* list = nullptr;
+    void Field(const FieldInfo& f, COwnedObList& v) override {
+      if (wanted == f.name) list = &v;
+    }
+  } grabber;
+  grabber.wanted = name;
+  rec.VisitFields(grabber);
+  if (grabber.list == nullptr) {
+    ADD_FAILURE() << "no owned list " << name;
+    throw std::out_of_range(name);
+  }
+  return *grabber.list;
 }
 
 std::string DumpFields(CObject& rec) {

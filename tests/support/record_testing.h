@@ -58,6 +58,10 @@ void FillSmall(CObject& rec, int seed);
 // One line per described field ("Name = value"), sub-records indented below their list.
 std::string DumpFields(CObject& rec);
 
+// The owned list field of rec named name (the personality's "PhoneSets", ...); fails the test
+// and throws std::out_of_range when rec has none.
+COwnedObList& OwnedList(CObject& rec, const char* name);
+
 // Names of the described fields of rec, in order.
 std::vector<std::string> FieldNames(CObject& rec);
 

@@ -1,6 +1,9 @@
 // persona report [FILE] [-o OUT]: the report of a personality file, or of the bundled sample.
+#include <algorithm>
+#include <thread>
+
 #include <persona/framework/exceptions.h>
-#include <persona/report/personality_report.h>
+#include <persona/report/report_text.h>
 #include "command.h"
 #include "embedded_sample.h"
 #include "input_file.h"
@@ -33,13 +36,12 @@ void RegisterReport(Context& context) {
     } else {
       loaded = std::move(OpenPersonalityOrSet(args->file).loaded);
     }
-    TextOutput out(args->output);
-    StreamPersonalityReport(*loaded.personality, [&out](const CStringArray& lines) {
-      for (const CString& line : lines) {
-        out.Write(line.str());
-        out.Write('\n');
-      }
-    });
+    // The report's parts are made on threads of their own; this one writes.
+    TextOutput out(args->output, TextOutput::Writing::CallersThread);
+    ReportTextOptions options;
+    options.threads = std::max(1u, std::thread::hardware_concurrency());
+    StreamPersonalityReportText(
+        *loaded.personality, [&out](std::string_view text) { out.Write(text); }, options);
     out.Commit();
   });
 }

@@ -9,7 +9,7 @@
 
 namespace persona::cli {
 
-TextOutput::TextOutput(const std::string& path) {
+TextOutput::TextOutput(const std::string& path, Writing writing) {
   m_buffer.reserve(kBufferSize + 4096);
   if (path.empty() || path == kStandardStreamName) return;
   AtomicWriteOptions options;
@@ -21,13 +21,13 @@ TextOutput::TextOutput(const std::string& path) {
   }
   // Made after the file, the thread keeps the signal mask the file's writer set up (a file
   // size limit is a failure to report, not the end of the process).
-  m_writer = std::thread([this] { WriteBlocks(); });
+  if (writing == Writing::OwnThread) m_writer = std::thread([this] { WriteBlocks(); });
 }
 
 TextOutput::~TextOutput() { StopWriting(); }
 
 void TextOutput::Write(std::string_view text) {
-  if (!m_file && m_buffer.empty() && text.size() >= kBufferSize) {
+  if (!m_writer.joinable() && m_buffer.empty() && text.size() >= kBufferSize) {
     Emit(text);  // a whole block: no copy through the buffer
     return;
   }
@@ -37,7 +37,7 @@ void TextOutput::Write(std::string_view text) {
 
 void TextOutput::Drain() {
   if (m_buffer.empty()) return;
-  if (!m_file) {
+  if (!m_writer.joinable()) {
     Emit(m_buffer);
     m_buffer.clear();
     return;
@@ -89,6 +89,14 @@ void TextOutput::StopWriting() {
 }
 
 void TextOutput::Emit(std::string_view text) {
+  if (m_file) {
+    try {
+      m_file->Write(reinterpret_cast<const BYTE*>(text.data()), text.size());
+    } catch (const CException& e) {
+      throw OutputError(e.what());
+    }
+    return;
+  }
   if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) {
     throw OutputError("standard output: write failed");
   }

@@ -2,7 +2,8 @@
 // written as it is produced, through a buffer, to standard output or to a file written
 // atomically (a temporary file put in place at Commit(), with WriteText's backup rules), so
 // that no document is ever held whole in memory. A file's blocks are written by a thread of
-// their own while the next block is made.
+// their own while the next block is made, or by the caller's thread for a caller that makes
+// its text on other threads.
 #pragma once
 
 #include <condition_variable>
@@ -20,9 +21,10 @@ namespace persona::cli {
 
 class TextOutput {
  public:
+  enum class Writing { OwnThread, CallersThread };
   // Output to path, or to standard output when path is empty or "-". Throws OutputError when
   // path cannot be written (a missing folder, a folder, no permission, ...).
-  explicit TextOutput(const std::string& path);
+  explicit TextOutput(const std::string& path, Writing writing = Writing::OwnThread);
   TextOutput(const TextOutput&) = delete;
   TextOutput& operator=(const TextOutput&) = delete;
   // Without Commit(), waits for the block being written, then discards a file output.
@@ -42,7 +44,7 @@ class TextOutput {
  private:
   static constexpr std::size_t kBufferSize = 1 << 16;
   void Drain();
-  void Emit(std::string_view text);  // writes text to standard output
+  void Emit(std::string_view text);  // writes text out on this thread
   void WriteBlocks();                // the file's writing thread
   void StopWriting();                // ends that thread once the block it holds is written
 

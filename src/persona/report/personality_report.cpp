@@ -499,27 +499,38 @@ const char* SetKindHeading(SetType type) {
   return "SETS:";
 }
 
-void PrintSets(const CPersonality& p, CStringArray& out, const BlockEnd& blockEnd) {
+// The sets' parts: for each kind its heading, then each set (with the records of its list
+// that are not sets, printed field by field where they stand).
+void AddSetParts(const CPersonality& p, std::vector<ReportPart>& parts) {
   for (SetType type : kSetOrder) {
-    OptionBlock block(out, SetKindHeading(type));
     const int count = p.GetNumSets(type);
-    if (count == 0) block.Line("   None");
-    block.End();
-    blockEnd(out);
+    parts.emplace_back([type, count](CStringArray& out, const BlockEnd& blockEnd) {
+      OptionBlock block(out, SetKindHeading(type));
+      if (count == 0) block.Line("   None");
+      block.End();
+      blockEnd(out);
+    });
     unsigned short elementsBefore = 0;
     for (int i = 0; i < count; ++i) {
       CSet* set = p.GetSetAt(i, type);
       if (set == nullptr) {
-        if (CObject* record = p.GetSetRecordAt(i, type)) PrintGenericRecord(out, *record);
+        if (CObject* record = p.GetSetRecordAt(i, type)) {
+          parts.emplace_back(
+              [record](CStringArray& out, const BlockEnd&) { PrintGenericRecord(out, *record); });
+        }
         continue;
       }
-      SetContext context{out, i + 1, p.GetLastRadio(), p.GetTxMaxFreq(), elementsBefore, &blockEnd};
-      if (!PrintSet(*set, type, context)) {
-        PrintGenericRecord(out, *set);
-      } else {
-        PrintForeignElements(*set, out);
-      }
-      blockEnd(out);
+      parts.emplace_back([set, type, number = i + 1, radio = p.GetLastRadio(),
+                          band = p.GetTxMaxFreq(),
+                          elementsBefore](CStringArray& out, const BlockEnd& blockEnd) {
+        SetContext context{out, number, radio, band, elementsBefore, &blockEnd};
+        if (!PrintSet(*set, type, context)) {
+          PrintGenericRecord(out, *set);
+        } else {
+          PrintForeignElements(*set, out);
+        }
+        blockEnd(out);
+      });
       elementsBefore = static_cast<unsigned short>(elementsBefore + set->GetSize());
     }
   }
@@ -527,13 +538,21 @@ void PrintSets(const CPersonality& p, CStringArray& out, const BlockEnd& blockEn
 
 }  // namespace
 
+std::vector<ReportPart> PersonalityReportParts(const CPersonality& personality) {
+  std::vector<ReportPart> parts;
+  parts.emplace_back([&personality](CStringArray& out, const BlockEnd& blockEnd) {
+    PrintTitle(personality, out);
+    blockEnd(out);
+    PrintOptions(personality, out, blockEnd);
+    PrintSystems(personality, out, blockEnd);
+  });
+  AddSetParts(personality, parts);
+  return parts;
+}
+
 void PrintPersonalityReport(const CPersonality& personality, CStringArray& out,
                             const BlockEnd& blockEnd) {
-  PrintTitle(personality, out);
-  blockEnd(out);
-  PrintOptions(personality, out, blockEnd);
-  PrintSystems(personality, out, blockEnd);
-  PrintSets(personality, out, blockEnd);
+  for (const ReportPart& part : PersonalityReportParts(personality)) part(out, blockEnd);
 }
 
 void PrintPersonalityReport(const CPersonality& personality, CStringArray& out) {
@@ -543,10 +562,9 @@ void PrintPersonalityReport(const CPersonality& personality, CStringArray& out) 
 void StreamPersonalityReport(const CPersonality& personality, const ReportSink& sink) {
   // Lines go out in pieces of a few hundred: the heap strings of a piece are taken again by the
   // next one while they are still in the cache, and no set is ever held whole as text.
-  constexpr int kPieceLines = 256;
   CStringArray piece;
   PrintPersonalityReport(personality, piece, [&sink](CStringArray& lines) {
-    if (lines.GetSize() < kPieceLines) return;
+    if (lines.GetSize() < kReportPieceLines) return;
     sink(lines);
     lines.RemoveAll();
   });

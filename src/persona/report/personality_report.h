@@ -30,6 +30,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <vector>
 
 #include <persona/core/set.h>
 #include <persona/core/set_types.h>
@@ -53,6 +54,20 @@ using BlockEnd = ElementLinesEnd;
 // what blockEnd throws.
 PERSONA_EXPORT void PrintPersonalityReport(const CPersonality& personality, CStringArray& out,
                                            const BlockEnd& blockEnd);
+
+// One part of the report: the title block with the option and system blocks, a set kind's
+// heading, or one set. A part appends its lines to out, calling blockEnd after its blocks and
+// set elements as the whole report does. Parts only read the personality: different parts may
+// print at the same time on different threads (each into its own array).
+using ReportPart = std::function<void(CStringArray& out, const BlockEnd& blockEnd)>;
+
+// The parts of personality's report in order (PrintPersonalityReport prints them one after the
+// other). They refer to personality, which must outlive them unchanged.
+PERSONA_EXPORT std::vector<ReportPart> PersonalityReportParts(const CPersonality& personality);
+
+// The most lines StreamPersonalityReport gathers before it hands them on (more when an element
+// or block is longer).
+constexpr int kReportPieceLines = 256;
 
 // Receives the next lines of the report (never empty); the driver empties them after.
 using ReportSink = std::function<void(const CStringArray& lines)>;

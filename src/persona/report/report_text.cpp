@@ -1,0 +1,201 @@
+// The report as text, its parts made by several threads (see report_text.h).
+#include <persona/report/report_text.h>
+
+#include <algorithm>
+#include <condition_variable>
+#include <deque>
+#include <exception>
+#include <mutex>
+#include <string>
+#include <system_error>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include <persona/report/personality_report.h>
+
+namespace persona {
+
+namespace {
+
+// The text a part hands on at a time: big enough that handing on costs little, small enough
+// to stay in the cache.
+constexpr std::size_t kPieceBytes = std::size_t{64} << 10;
+
+// Makes part's text and calls hand(text) with about kPieceBytes of whole lines at a time, and
+// with the rest at the end; hand leaves text empty (it takes it or is done with it).
+template <class Hand>
+void MakeText(const ReportPart& part, const Hand& hand) {
+  std::string text;
+  const auto take = [&text, &hand](CStringArray& lines) {
+    for (const CString& line : lines) {
+      text += line.str();
+      text += '\n';
+    }
+    lines.RemoveAll();
+    if (text.size() >= kPieceBytes) hand(text);
+  };
+  CStringArray lines;
+  part(lines, [&take](CStringArray& made) {
+    if (made.GetSize() >= kReportPieceLines) take(made);
+  });
+  take(lines);
+  if (!text.empty()) hand(text);
+}
+
+// Parts made by worker threads, their text handed on in order by the caller's thread. Part k
+// is started only when the parts before k - window have been handed on, into slot k % window;
+// a part's thread waits while its slot holds partBytes, so at most window slots of text are
+// held. The part being handed on always moves (its slot is being emptied), and the parts after
+// it wait for nothing but it: no thread waits on one that waits on it.
+class ParallelText {
+ public:
+  ParallelText(const std::vector<ReportPart>& parts, const ReportTextSink& sink,
+               const ReportTextOptions& options)
+      : m_parts(parts),
+        m_sink(sink),
+        m_partBytes(std::max<std::size_t>(options.partBytes, 1)),
+        m_window(options.threads + 1),
+        m_slots(m_window) {}
+  ParallelText(const ParallelText&) = delete;
+  ParallelText& operator=(const ParallelText&) = delete;
+  ~ParallelText() { Stop(); }
+
+  // Starts up to `threads` workers; false when none could be started.
+  bool Start(unsigned threads) {
+    for (unsigned i = 0; i < threads; ++i) {
+      try {
+        m_workers.emplace_back([this] { Work(); });
+      } catch (const std::system_error&) {
+        break;  // fewer threads then
+      }
+    }
+    return !m_workers.empty();
+  }
+
+  // Hands every part's text to the sink in order. Throws what the sink or a part throws.
+  void HandOn() {
+    for (std::size_t k = 0; k < m_parts.size(); ++k) {
+      Slot& slot = m_slots[k % m_window];
+      for (;;) {
+        std::unique_lock<std::mutex> lock(m_lock);
+        m_filled.wait(lock, [&slot] { return !slot.pieces.empty() || slot.done; });
+        if (slot.pieces.empty()) {
+          if (slot.error) std::rethrow_exception(slot.error);
+          slot = Slot();
+          ++m_current;
+          lock.unlock();
+          m_emptied.notify_all();
+          break;
+        }
+        std::string piece = std::move(slot.pieces.front());
+        slot.pieces.pop_front();
+        slot.bytes -= piece.size();
+        lock.unlock();
+        m_emptied.notify_all();
+        m_sink(piece);
+        piece.clear();
+        lock.lock();
+        if (m_spares.size() < m_window * 2) m_spares.push_back(std::move(piece));
+      }
+    }
+  }
+
+ private:
+  struct Slot {
+    std::deque<std::string> pieces;
+    std::size_t bytes = 0;
+    bool done = false;
+    std::exception_ptr error;
+  };
+  struct Stopped {};  // ends a worker whose text is no longer wanted
+
+  void Work() {
+    for (;;) {
+      std::size_t k = 0;
+      {
+        std::unique_lock<std::mutex> lock(m_lock);
+        m_emptied.wait(lock, [this] {
+          return m_stop || m_next >= m_parts.size() || m_next < m_current + m_window;
+        });
+        if (m_stop || m_next >= m_parts.size()) return;
+        k = m_next++;
+      }
+      Slot& slot = m_slots[k % m_window];
+      std::exception_ptr error;
+      try {
+        MakeText(m_parts[k], [this, &slot](std::string& text) { Put(slot, text); });
+      } catch (const Stopped&) {
+        return;
+      } catch (...) {
+        error = std::current_exception();
+      }
+      {
+        std::lock_guard<std::mutex> lock(m_lock);
+        slot.done = true;
+        slot.error = error;
+      }
+      m_filled.notify_one();
+    }
+  }
+
+  void Put(Slot& slot, std::string& text) {
+    std::unique_lock<std::mutex> lock(m_lock);
+    m_emptied.wait(lock, [this, &slot] { return m_stop || slot.bytes < m_partBytes; });
+    if (m_stop) throw Stopped();
+    slot.bytes += text.size();
+    slot.pieces.push_back(std::move(text));
+    text = std::string();
+    if (!m_spares.empty()) {
+      text.swap(m_spares.back());  // a piece handed on, its memory taken again
+      m_spares.pop_back();
+    }
+    lock.unlock();
+    m_filled.notify_one();
+  }
+
+  void Stop() {
+    {
+      std::lock_guard<std::mutex> lock(m_lock);
+      m_stop = true;
+    }
+    m_emptied.notify_all();
+    for (std::thread& worker : m_workers) worker.join();
+  }
+
+  const std::vector<ReportPart>& m_parts;
+  const ReportTextSink& m_sink;
+  const std::size_t m_partBytes;
+  const std::size_t m_window;
+  std::vector<Slot> m_slots;
+  std::vector<std::string> m_spares;  // emptied pieces, for the workers to fill again
+  std::vector<std::thread> m_workers;
+  std::mutex m_lock;
+  std::condition_variable m_filled;   // a slot got a piece or was finished
+  std::condition_variable m_emptied;  // a slot lost a piece, or a part was handed on
+  std::size_t m_next = 0;             // the next part to start
+  std::size_t m_current = 0;          // the part being handed on
+  bool m_stop = false;
+};
+
+}  // namespace
+
+void StreamPersonalityReportText(const CPersonality& personality, const ReportTextSink& sink,
+                                 const ReportTextOptions& options) {
+  const std::vector<ReportPart> parts = PersonalityReportParts(personality);
+  if (options.threads > 1 && parts.size() > 1) {
+    ParallelText text(parts, sink, options);
+    if (text.Start(options.threads)) {
+      text.HandOn();
+      return;
+    }
+  }
+  for (const ReportPart& part : parts) {
+    MakeText(part, [&sink](std::string& text) {
+      sink(text);
+      text.clear();
+    });
+  }
+}
+
+}  // namespace persona
