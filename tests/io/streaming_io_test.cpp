@@ -308,6 +308,36 @@ TEST(StreamedJson, EachRecordsFieldsAreItsOwnWhereverTheyAreHeld) {
   }
 }
 
+// A record class whose fields are not the same from one record to the next, one of them
+// named with a quote: the writer learns each class's keys from its first record, and must
+// still write the others as they come.
+class CShapeShifter : public CObject {
+  DECLARE_SERIAL(CShapeShifter)
+  PERSONA_FIELDS(CObject)
+ public:
+  bool extra = false;
+  WORD number = 7;
+  template <class V>
+  void Fields(V& v) {
+    v("Number", number);
+    if (extra) v("Extra", number);
+    v("Last", number);
+    v("Quote\"d", number);
+  }
+};
+IMPLEMENT_SERIAL(CShapeShifter, CObject, 1)
+
+TEST(StreamedOutput, JsonKeysOfRecordsWhoseFieldsDiffer) {
+  std::unique_ptr<CPersonality> p = BuildSamplePersonality();
+  COwnedObList& options = test::OwnedList(*p, "Options");
+  for (bool extra : {false, true, false}) {
+    auto* shifter = new CShapeShifter;
+    shifter->extra = extra;
+    options.Add(shifter);
+  }
+  EXPECT_EQ(StreamedJson(*p), ExportPersonalityJson(*p).dump(2));
+}
+
 // The kind of a file told from its first bytes.
 TEST(PersonalityIo, TheKindOfAFileIsToldFromItsFirstBytes) {
   const auto kind = [](const std::vector<BYTE>& bytes) {

@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include <persona/framework/codepage.h>
 #include <persona/framework/fields.h>
@@ -53,6 +54,21 @@ class JsonText {
     String(key);
     Append(": ", 2);
   }
+  // The text Key(key) writes after a member of an object at the current depth; empty when the
+  // key would need an escape (such keys are written by Key alone).
+  std::string KeyAfterMember(const char* key) const {
+    std::string text = ",\n" + std::string(2 * static_cast<std::size_t>(m_depth), ' ') + '"';
+    for (const char* c = key; *c != '\0'; ++c) {
+      const auto byte = static_cast<unsigned char>(*c);
+      if (byte < 0x20 || byte == '"' || byte == '\\' || byte >= 0x80) return std::string();
+      text += *c;
+    }
+    return text + "\": ";
+  }
+  // Writes text made by KeyAfterMember at this depth, after a member.
+  void KeyText(std::string_view text) { Append(text.data(), text.size()); }
+  bool AfterMember() const { return !m_first; }
+  int Depth() const { return m_depth; }
   // Starts the next element of an array.
   void Member() {
     if (!m_first) Put(',');
@@ -180,7 +196,11 @@ class StreamingExportVisitor : public CFieldVisitor {
       m_out.Key("$id");
       m_out.Integer(id);
     }
+    const Keys saved = m_keys;
+    m_keys = Keys{&m_tables[{rec.GetRuntimeClass(), m_out.Depth()}], 0};
     rec.VisitFields(*this);
+    if (m_keys.table != nullptr) m_keys.table->learned = true;
+    m_keys = saved;
     m_out.Close('}');
   }
 
@@ -232,7 +252,44 @@ class StreamingExportVisitor : public CFieldVisitor {
     WORD* end() const { return first + count; }
   };
 
+  // The keys of the fields of the records of one class at one depth, as written after a
+  // member, learned from the first such record: the others write each key with one copy. A
+  // record whose fields do not come as learned writes its keys one by one.
+  struct KeyTable {
+    std::vector<const char*> names;  // the fields' names, as their descriptions give them
+    std::vector<std::string> texts;
+    bool learned = false;
+  };
+  struct Keys {
+    KeyTable* table;   // null once the record strays from its table
+    std::size_t next;  // the position of the next field
+  };
+  struct ClassAtDepth {
+    const CRuntimeClass* cls;
+    int depth;
+    bool operator==(const ClassAtDepth& o) const { return cls == o.cls && depth == o.depth; }
+  };
+  struct ClassAtDepthHash {
+    std::size_t operator()(const ClassAtDepth& k) const {
+      return std::hash<const void*>()(k.cls) ^ static_cast<std::size_t>(k.depth);
+    }
+  };
+
   JsonText& Key(const FieldInfo& f) {
+    KeyTable* table = m_keys.table;
+    const std::size_t at = m_keys.next++;
+    if (table != nullptr && m_out.AfterMember()) {
+      if (at < table->names.size() && table->names[at] == f.name && !table->texts[at].empty()) {
+        m_out.KeyText(table->texts[at]);
+        return m_out;
+      }
+      if (!table->learned && at == table->names.size()) {
+        table->names.push_back(f.name);
+        table->texts.push_back(m_out.KeyAfterMember(f.name));
+      } else {
+        m_keys.table = nullptr;
+      }
+    }
     m_out.Key(f.name);
     return m_out;
   }
@@ -270,6 +327,8 @@ class StreamingExportVisitor : public CFieldVisitor {
 
   JsonText& m_out;
   std::unordered_map<const CObject*, long long>& m_ids;
+  std::unordered_map<ClassAtDepth, KeyTable, ClassAtDepthHash> m_tables;
+  Keys m_keys{nullptr, 0};
 };
 
 }  // namespace
