@@ -27,7 +27,7 @@ TextOutput::TextOutput(const std::string& path, Writing writing) {
 TextOutput::~TextOutput() { StopWriting(); }
 
 void TextOutput::Write(std::string_view text) {
-  if (!m_writer.joinable() && m_buffer.empty() && text.size() >= kBufferSize) {
+  if (!m_writer.joinable() && m_buffer.empty() && text.size() >= kDirectSize) {
     Emit(text);  // a whole block: no copy through the buffer
     return;
   }

@@ -42,7 +42,12 @@ class TextOutput {
   void Commit();
 
  private:
-  static constexpr std::size_t kBufferSize = 1 << 16;
+  // A block handed to the file's thread: big enough that the hand-overs and the system's
+  // writes cost little next to the copying of the text.
+  static constexpr std::size_t kBufferSize = 1 << 20;
+  // Text this long is written at once, without the buffer, when the buffer is empty and
+  // this thread writes.
+  static constexpr std::size_t kDirectSize = 1 << 16;
   void Drain();
   void Emit(std::string_view text);  // writes text out on this thread
   void WriteBlocks();                // the file's writing thread

@@ -20,7 +20,7 @@ namespace {
 
 // The text a part hands on at a time: big enough that handing on costs little, small enough
 // to stay in the cache.
-constexpr std::size_t kPieceBytes = std::size_t{64} << 10;
+constexpr std::size_t kPieceBytes = std::size_t{1024} << 10;
 
 // Makes part's text and calls hand(text) with about kPieceBytes of whole lines at a time, and
 // with the rest at the end; hand leaves text empty (it takes it or is done with it).
