@@ -10,6 +10,7 @@
 #include <string>
 
 #include <persona/framework/codepage.h>
+#include <persona/framework/collections.h>
 #include <persona/framework/cstring.h>
 #include <persona/framework/exceptions.h>
 #include <persona/framework/prompt.h>
@@ -82,6 +83,18 @@ TEST(CStringTest, FormatWritesWhatPrintfWrites) {
   CString self("ab");
   self.Format("%s-%s", self.c_str(), self.c_str());  // arguments inside the string itself
   EXPECT_EQ(self, "ab-ab");
+  // Lines given back lend their memory to the next formatting, and nothing of their text.
+  CStringArray lines;
+  for (int i = 0; i < 3; ++i) lines.Add(CString(std::string(40 + i, 'x')));
+  lines.Add(CString(std::string(100000, 'y')));
+  lines.RemoveAll();
+  EXPECT_TRUE(lines.IsEmpty());
+  for (const char* want : {"7", "", "a much longer line than any given back, of sixty bytes or so"})
+    EXPECT_EQ(CString::Formatted("%s", want), want);
+  CString given(std::string(50, 'z'));
+  CString::GiveBack(given);
+  EXPECT_TRUE(given.IsEmpty());
+  EXPECT_EQ(CString::Formatted("%d|%-3s|", 42, "On"), "42|On |");
 }
 
 TEST(Prompt, DefaultAnswersNoAndInstalledHandlerDecides) {

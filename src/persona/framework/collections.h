@@ -197,6 +197,11 @@ class PERSONA_EXPORT CValueArray {
 class PERSONA_EXPORT CStringArray : public CValueArray<CString> {
  public:
   void Serialize(CArchive& ar);
+  // Empties the array, giving its strings' memory back for formatting (CString::GiveBack).
+  void RemoveAll() {
+    for (CString& s : m_items) CString::GiveBack(s);
+    m_items.clear();
+  }
 };
 
 // Array of 16-bit values (archive: count, then each WORD).

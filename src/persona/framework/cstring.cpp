@@ -303,8 +303,37 @@ void CString::Format(const char* fmt, ...) {
   va_end(args);
 }
 
+namespace {
+
+// Memory of strings given back on this thread, taken again by Formatted.
+struct SpareStrings {
+  static constexpr std::size_t kMost = 1024;
+  static constexpr std::size_t kLargest = 512;  // capacity in bytes
+  std::vector<std::string> strings;
+  SpareStrings() { strings.reserve(kMost); }
+};
+thread_local SpareStrings t_spares;
+
+}  // namespace
+
+void CString::GiveBack(CString& s) noexcept {
+  std::vector<std::string>& spares = t_spares.strings;
+  const std::size_t capacity = s.m_str.capacity();
+  if (capacity > std::string().capacity() && capacity <= SpareStrings::kLargest &&
+      spares.size() < spares.capacity()) {
+    spares.push_back(std::move(s.m_str));
+  }
+  s.m_str.clear();
+}
+
 CString CString::Formatted(const char* fmt, ...) {
   CString s;
+  std::vector<std::string>& spares = t_spares.strings;
+  if (!spares.empty()) {
+    s.m_str.swap(spares.back());
+    spares.pop_back();
+    s.m_str.clear();
+  }
   va_list args;
   va_start(args, fmt);
   s.FormatV(fmt, args);
