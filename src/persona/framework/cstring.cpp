@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -41,11 +42,31 @@ class FormatText {
       m_over = true;
       return;
     }
-    std::memcpy(m_text + m_size, text, size);
+    char* to = m_text + m_size;
     m_size += size;
+    // Most pieces are a few bytes: fixed-size copies (two that overlap) instead of a call.
+    if (size >= 8 && size <= 16) {
+      std::memcpy(to, text, 8);
+      std::memcpy(to + size - 8, text + size - 8, 8);
+    } else if (size >= 4 && size < 8) {
+      std::memcpy(to, text, 4);
+      std::memcpy(to + size - 4, text + size - 4, 4);
+    } else if (size < 4) {
+      for (std::size_t i = 0; i < size; ++i) to[i] = text[i];
+    } else {
+      std::memcpy(to, text, size);
+    }
   }
   void Append(std::string_view text) { Append(text.data(), text.size()); }
   void Fill(char c, std::size_t count) {
+    constexpr std::size_t kRun = 16;
+    if (count <= kRun && kRun <= sizeof m_text - m_size) {  // a short run: one fixed-size copy
+      char run[kRun];
+      std::memset(run, c, kRun);
+      std::memcpy(m_text + m_size, run, kRun);
+      m_size += count;
+      return;
+    }
     if (count > sizeof m_text - m_size) {
       m_over = true;
       return;
@@ -100,8 +121,8 @@ bool ReadConversion(const char*& p, Conversion& c) {
 
 // Appends sign and digits padded to the conversion's width: blanks on the right or the left,
 // or zeros between the sign and the digits.
-void AppendPadded(FormatText& out, const Conversion& c, std::string_view sign,
-                  std::string_view body) {
+inline void AppendPadded(FormatText& out, const Conversion& c, std::string_view sign,
+                         std::string_view body) {
   const std::size_t length = sign.size() + body.size();
   const std::size_t pad = c.width > length ? c.width - length : 0;
   if (!c.left && !c.zero) out.Fill(' ', pad);
@@ -306,33 +327,46 @@ void CString::Format(const char* fmt, ...) {
 namespace {
 
 // Memory of strings given back on this thread, taken again by Formatted.
+// Memory of strings given back on this thread, taken again by Formatted. The list is reached
+// through a plain pointer (one load on each use); an owner made with it frees it when the
+// thread ends.
 struct SpareStrings {
   static constexpr std::size_t kMost = 1024;
   static constexpr std::size_t kLargest = 512;  // capacity in bytes
   std::vector<std::string> strings;
-  SpareStrings() { strings.reserve(kMost); }
 };
-thread_local SpareStrings t_spares;
+thread_local SpareStrings* t_spares = nullptr;
+
+SpareStrings& Spares() {
+  if (t_spares == nullptr) {
+    struct Owner {
+      std::unique_ptr<SpareStrings> spares = std::make_unique<SpareStrings>();
+      Owner() { spares->strings.reserve(SpareStrings::kMost); }
+      ~Owner() { t_spares = nullptr; }
+    };
+    thread_local Owner owner;
+    t_spares = owner.spares.get();
+  }
+  return *t_spares;
+}
 
 }  // namespace
 
 void CString::GiveBack(CString& s) noexcept {
-  std::vector<std::string>& spares = t_spares.strings;
   const std::size_t capacity = s.m_str.capacity();
-  if (capacity > std::string().capacity() && capacity <= SpareStrings::kLargest &&
-      spares.size() < spares.capacity()) {
-    spares.push_back(std::move(s.m_str));
+  if (capacity > std::string().capacity() && capacity <= SpareStrings::kLargest) {
+    std::vector<std::string>& spares = Spares().strings;
+    if (spares.size() < spares.capacity()) spares.push_back(std::move(s.m_str));
   }
   s.m_str.clear();
 }
 
 CString CString::Formatted(const char* fmt, ...) {
+  std::vector<std::string>& spares = Spares().strings;
   CString s;
-  std::vector<std::string>& spares = t_spares.strings;
   if (!spares.empty()) {
-    s.m_str.swap(spares.back());
+    s.m_str = std::move(spares.back());
     spares.pop_back();
-    s.m_str.clear();
   }
   va_list args;
   va_start(args, fmt);
