@@ -52,6 +52,34 @@ TEST(PersonalityIntegration, RichPersonalityRoundTripsByteForByte) {
   }
 }
 
+// A store makes room for the size the personality's archive had: the bytes are those of a
+// store without that room when the personality grew since (the room grows) or shrank (the
+// rest is not stored), and the size noted is the new one.
+TEST(PersonalityIntegration, StoresSizedFromTheLastArchiveGiveTheSameBytes) {
+  std::unique_ptr<CPersonality> p = test::RichPersonality(3, false);
+  EXPECT_EQ(p->GetArchiveSizeHint(), 0u);
+  const std::vector<BYTE> first = StorePersonalityBytes(*p);
+  EXPECT_EQ(p->GetArchiveSizeHint(), first.size());
+  LoadedPersonality loaded = LoadPersonalityBytes(first.data(), first.size(), "rich.pers");
+  CPersonality& q = *loaded.personality;
+  EXPECT_EQ(q.GetArchiveSizeHint(), first.size());
+  const auto without = [&q] {
+    q.NoteArchiveSize(0);
+    return StorePersonalityBytes(q);
+  };
+  q.SetDescription(CString(std::string(5000, 'd')));  // grown past the room made
+  q.NoteArchiveSize(first.size());
+  const std::vector<BYTE> grown = StorePersonalityBytes(q);
+  EXPECT_EQ(q.GetArchiveSizeHint(), grown.size());
+  EXPECT_TRUE(grown == without());
+  q.SetDescription(CString());  // shrunk below it
+  q.NoteArchiveSize(1 << 20);
+  const std::vector<BYTE> shrunk = StorePersonalityBytes(q);
+  EXPECT_EQ(q.GetArchiveSizeHint(), shrunk.size());
+  EXPECT_LT(shrunk.size(), first.size());
+  EXPECT_TRUE(shrunk == without());
+}
+
 TEST(PersonalityIntegration, CopiesCarryEverySetClass) {
   std::unique_ptr<CPersonality> p = test::RichPersonality(3, false);
   for (int i = p->GetNumSystems() - 1; i >= 0; --i) {  // a copy leaves plain systems behind

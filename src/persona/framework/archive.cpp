@@ -101,6 +101,10 @@ std::vector<BYTE> CArchive::TakeStoredBytes() {
   return out;
 }
 
+void CArchive::ReserveOutput(std::size_t bytes) {
+  if (!m_loading && m_out.size() < bytes) m_out.resize(bytes);
+}
+
 void CArchive::GrowOutput(std::size_t more) {
   std::size_t capacity = std::max<std::size_t>(m_out.size(), 4096);
   while (capacity - m_outLength < more) capacity *= 2;

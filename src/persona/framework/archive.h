@@ -66,6 +66,9 @@ class PERSONA_EXPORT CArchive {
   std::size_t GetRemaining() const { return m_size - m_pos; }
   // Storing without a file (a null CFile): takes the bytes written so far.
   std::vector<BYTE> TakeStoredBytes();
+  // Storing: makes room for `bytes` bytes in all at once (an expected size; the room grows
+  // past it as needed). Throws std::bad_alloc.
+  void ReserveOutput(std::size_t bytes);
 
   // Raw bytes. Read returns how many were read (fewer at the end); Write throws readOnly
   // when loading.

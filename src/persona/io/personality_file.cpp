@@ -17,6 +17,7 @@ LoadedPersonality LoadPersonalityBytes(const BYTE* data, std::size_t size,
   LoadedPersonality out;
   out.personality.reset(static_cast<CPersonality*>(root.release()));
   out.personality->AdoptSharedRecords(ar.TakeSharedObjects());
+  out.personality->NoteArchiveSize(size - ar.GetRemaining());
   out.fileSize = size;
   out.trailingBytes = ar.GetRemaining();
   return out;
@@ -61,8 +62,13 @@ const char* FileKindName(FileKind kind) {
 
 std::vector<BYTE> StorePersonalityBytes(const CPersonality& personality) {
   CArchive ar(nullptr, CArchive::store);
+  // The size it had last time, and a little more for what was added since.
+  const std::size_t expected = personality.GetArchiveSizeHint();
+  if (expected > 0) ar.ReserveOutput(expected + expected / 16 + 64);
   ar.WriteOwnedObject(&personality);
-  return ar.TakeStoredBytes();
+  std::vector<BYTE> bytes = ar.TakeStoredBytes();
+  personality.NoteArchiveSize(bytes.size());
+  return bytes;
 }
 
 void SavePersonalityFile(const std::string& path, const CPersonality& personality,

@@ -56,7 +56,8 @@ PERSONA_EXPORT FileKind SniffFileKind(const BYTE* data, std::size_t size);
 // "a JSON document", "a file of unknown kind".
 PERSONA_EXPORT const char* FileKindName(FileKind kind);
 
-// The bytes of the personality file of personality.
+// The bytes of the personality file of personality, made in a buffer sized from the
+// personality's archive size hint, which it then notes. Throws std::bad_alloc.
 PERSONA_EXPORT std::vector<BYTE> StorePersonalityBytes(const CPersonality& personality);
 // Writes the personality file atomically as WriteFileAtomically does (a temporary file in the
 // target's folder, flushed to disk and renamed over it; links followed, mode kept, "-" for

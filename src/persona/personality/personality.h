@@ -17,6 +17,8 @@
 
 #include <persona/export.h>
 
+#include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -62,6 +64,15 @@ class PERSONA_EXPORT CPersonality : public CSerial {
   CPersonality& operator=(const CPersonality& src) { return *this = &src; }
   // Releases everything, as Delete does.
   ~CPersonality() override;
+
+  // The size in bytes of this personality's archive when it was last loaded or stored into
+  // memory (LoadPersonalityBytes, StorePersonalityBytes), 0 before: the next store makes room
+  // for about that much at once instead of growing its buffer step by step. Not copied; may be
+  // read and noted by several threads at once.
+  std::size_t GetArchiveSizeHint() const { return m_archiveSize.load(std::memory_order_relaxed); }
+  void NoteArchiveSize(std::size_t bytes) const {
+    m_archiveSize.store(bytes, std::memory_order_relaxed);
+  }
 
   // ---- header ------------------------------------------------------------------------------
   CString GetName() const { return m_Name; }
@@ -438,6 +449,7 @@ class PERSONA_EXPORT CPersonality : public CSerial {
   mutable FirstMatchIndex m_setIndex[kNumSetTypes];
   mutable FirstMatchIndex m_systemIndex;
   mutable FirstMatchIndex m_systemTrimmedIndex;
+  mutable std::atomic<std::size_t> m_archiveSize{0};
 };
 
 }  // namespace persona
