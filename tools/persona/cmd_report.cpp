@@ -38,8 +38,10 @@ void RegisterReport(Context& context) {
     }
     // The report's parts are made on threads of their own; this one writes.
     TextOutput out(args->output, TextOutput::Writing::CallersThread);
+    // One thread per processor, up to four: past that the writing of the file is what waits,
+    // and every thread holds up to a part's text ahead.
     ReportTextOptions options;
-    options.threads = std::max(1u, std::thread::hardware_concurrency());
+    options.threads = std::clamp(std::thread::hardware_concurrency(), 1u, 4u);
     StreamPersonalityReportText(
         *loaded.personality, [&out](std::string_view text) { out.Write(text); }, options);
     out.Commit();
