@@ -99,7 +99,7 @@ TEST(StreamedOutput, ReportTextIsTheWholeReportWhateverTheThreads) {
     unsigned threads;
     std::size_t partBytes;
   };
-  for (const Run run : {Run{1, 1}, Run{2, 8u << 20}, Run{3, 1}, Run{8, 100000}}) {
+  for (const Run run : {Run{1, 1}, Run{2, 8u << 20}, Run{3, 1}, Run{8, 100000}, Run{~0u, 1}}) {
     SCOPED_TRACE(std::to_string(run.threads) + " threads, " + std::to_string(run.partBytes));
     ReportTextOptions options;
     options.threads = run.threads;

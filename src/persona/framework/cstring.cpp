@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <new>
 #include <string_view>
 #include <vector>
 
@@ -326,7 +327,6 @@ void CString::Format(const char* fmt, ...) {
 
 namespace {
 
-// Memory of strings given back on this thread, taken again by Formatted.
 // Memory of strings given back on this thread, taken again by Formatted. The list is reached
 // through a plain pointer (one load on each use); an owner made with it frees it when the
 // thread ends.
@@ -355,8 +355,12 @@ SpareStrings& Spares() {
 void CString::GiveBack(CString& s) noexcept {
   const std::size_t capacity = s.m_str.capacity();
   if (capacity > std::string().capacity() && capacity <= SpareStrings::kLargest) {
-    std::vector<std::string>& spares = Spares().strings;
-    if (spares.size() < spares.capacity()) spares.push_back(std::move(s.m_str));
+    try {
+      std::vector<std::string>& spares = Spares().strings;
+      if (spares.size() < spares.capacity()) spares.push_back(std::move(s.m_str));
+    } catch (const std::bad_alloc&) {
+      // no spares on this thread: the string is simply emptied
+    }
   }
   s.m_str.clear();
 }

@@ -21,6 +21,8 @@ namespace {
 // The text a part hands on at a time: big enough that handing on costs little, small enough
 // to stay in the cache.
 constexpr std::size_t kPieceBytes = std::size_t{1024} << 10;
+// More threads than this are not started, whatever the options ask.
+constexpr unsigned kMostThreads = 64;
 
 // Makes part's text and calls hand(text) with about kPieceBytes of whole lines at a time, and
 // with the rest at the end; hand leaves text empty (it takes it or is done with it).
@@ -183,9 +185,11 @@ class ParallelText {
 void StreamPersonalityReportText(const CPersonality& personality, const ReportTextSink& sink,
                                  const ReportTextOptions& options) {
   const std::vector<ReportPart> parts = PersonalityReportParts(personality);
-  if (options.threads > 1 && parts.size() > 1) {
-    ParallelText text(parts, sink, options);
-    if (text.Start(options.threads)) {
+  ReportTextOptions taken = options;
+  taken.threads = std::min(options.threads, kMostThreads);
+  if (taken.threads > 1 && parts.size() > 1) {
+    ParallelText text(parts, sink, taken);
+    if (text.Start(taken.threads)) {
       text.HandOn();
       return;
     }

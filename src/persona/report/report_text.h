@@ -21,7 +21,8 @@ namespace persona {
 using ReportTextSink = std::function<void(std::string_view text)>;
 
 struct PERSONA_EXPORT ReportTextOptions {
-  // The threads that make the report's parts; 0 or 1: the caller's thread makes them all.
+  // The threads that make the report's parts (at most 64 are started); 0 or 1: the caller's
+  // thread makes them all.
   unsigned threads = 1;
   // The most text, in bytes, that a part made ahead of the one being handed on holds before
   // its thread waits (a part holds at least one piece); with `threads` parts under way at most
