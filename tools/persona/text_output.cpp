@@ -62,9 +62,7 @@ void TextOutput::WriteBlocks() {
     lock.unlock();
     std::exception_ptr failure;
     try {
-      m_file->Write(reinterpret_cast<const BYTE*>(block.data()), block.size());
-    } catch (const CException& e) {
-      failure = std::make_exception_ptr(OutputError(e.what()));
+      Emit(block);
     } catch (...) {
       failure = std::current_exception();
     }

@@ -233,9 +233,17 @@ CSet* ElementSetOfSystem(const CPersonality& p, const CSystem& system, RefKind k
   return nullptr;
 }
 
+namespace {
+
+// IsElementOfSet with the set's element class (CPersonality::ElementClassOf) already taken.
+bool IsOfElementClass(const CObject& element, const CRuntimeClass* elementClass) {
+  return elementClass == nullptr || element.IsKindOf(elementClass);
+}
+
+}  // namespace
+
 bool IsElementOfSet(const CObject& element, const CSet& set) {
-  const CRuntimeClass* cls = CPersonality::ElementClassOf(set);
-  return cls == nullptr || element.IsKindOf(cls);
+  return IsOfElementClass(element, CPersonality::ElementClassOf(set));
 }
 
 void ElementNames::Expect(const CSet& set, const CString& name) {
@@ -256,9 +264,9 @@ bool ElementNames::Has(CSet& set, const CString& name) {
         !names.searched && names.expected.size() <= kSearchedNames && expected(wanted);
     names.held.clear();
     if (!search) names.held.reserve(static_cast<std::size_t>(set.Elements().GetCount()));
-    const CRuntimeClass* cls = CPersonality::ElementClassOf(set);  // as IsElementOfSet
+    const CRuntimeClass* cls = CPersonality::ElementClassOf(set);
     for (CObject* element : set.Elements()) {
-      if (element == nullptr || (cls != nullptr && !element->IsKindOf(cls))) continue;
+      if (element == nullptr || !IsOfElementClass(*element, cls)) continue;
       const CString* n = FindNameField(*element);
       if (n != nullptr && (!search || expected(n->str()))) names.held.insert(n->str());
     }

@@ -59,8 +59,7 @@ class JsonText {
   std::string KeyAfterMember(const char* key) const {
     std::string text = ",\n" + std::string(2 * static_cast<std::size_t>(m_depth), ' ') + '"';
     for (const char* c = key; *c != '\0'; ++c) {
-      const auto byte = static_cast<unsigned char>(*c);
-      if (byte < 0x20 || byte == '"' || byte == '\\' || byte >= 0x80) return std::string();
+      if (NeedsEscape(static_cast<unsigned char>(*c), 0x80)) return std::string();
       text += *c;
     }
     return text + "\": ";
@@ -142,13 +141,17 @@ class JsonText {
     Append(kIndent, first + 1);
     for (; width > first; --width) Put(' ');
   }
+  // True when c does not go out as it stands: a quote, a backslash, a control character, or
+  // a byte from limit on (0x80: one that needs converting, 0x100: none).
+  static bool NeedsEscape(unsigned char c, unsigned limit) {
+    return c < 0x20 || c == '"' || c == '\\' || c >= limit;
+  }
   // Appends the longest head of text that goes out as it stands (no quote, backslash or
   // control character, no byte from limit on); returns its length.
   std::size_t Plain(std::string_view text, unsigned limit) {
     std::size_t n = 0;
     while (n < text.size()) {
-      const auto c = static_cast<unsigned char>(text[n]);
-      if (c < 0x20 || c == '"' || c == '\\' || c >= limit) break;
+      if (NeedsEscape(static_cast<unsigned char>(text[n]), limit)) break;
       ++n;
     }
     Append(text.data(), n);
