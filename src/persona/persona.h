@@ -25,6 +25,7 @@
 #include <persona/framework/file_io.h>
 #include <persona/framework/object.h>
 #include <persona/framework/prompt.h>
+#include <persona/framework/short_copy.h>
 #include <persona/framework/types.h>
 #include <persona/integrity/checker.h>
 #include <persona/integrity/name_refs.h>

@@ -14,6 +14,7 @@
 #include <persona/framework/cstring.h>
 #include <persona/framework/exceptions.h>
 #include <persona/framework/prompt.h>
+#include <persona/framework/short_copy.h>
 
 namespace persona {
 namespace {
@@ -95,6 +96,16 @@ TEST(CStringTest, FormatWritesWhatPrintfWrites) {
   CString::GiveBack(given);
   EXPECT_TRUE(given.IsEmpty());
   EXPECT_EQ(CString::Formatted("%d|%-3s|", 42, "On"), "42|On |");
+}
+
+TEST(ShortCopy, EverySizeCopiesItsBytesAndNoOther) {
+  std::string from(160, '\0');
+  for (std::size_t i = 0; i < from.size(); ++i) from[i] = static_cast<char>('!' + i % 90);
+  for (std::size_t size = 0; size <= 130; ++size) {
+    std::string to(from.size() + 2, '#');
+    CopyShort(&to[1], from.data() + 3, size);  // neither end aligned
+    EXPECT_EQ(to, '#' + from.substr(3, size) + std::string(to.size() - 1 - size, '#')) << size;
+  }
 }
 
 TEST(Prompt, DefaultAnswersNoAndInstalledHandlerDecides) {

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include <persona/framework/exceptions.h>
+#include <persona/framework/short_copy.h>
 
 namespace persona {
 
@@ -43,20 +44,8 @@ class FormatText {
       m_over = true;
       return;
     }
-    char* to = m_text + m_size;
+    CopyShort(m_text + m_size, text, size);  // most pieces are a few bytes
     m_size += size;
-    // Most pieces are a few bytes: fixed-size copies (two that overlap) instead of a call.
-    if (size >= 8 && size <= 16) {
-      std::memcpy(to, text, 8);
-      std::memcpy(to + size - 8, text + size - 8, 8);
-    } else if (size >= 4 && size < 8) {
-      std::memcpy(to, text, 4);
-      std::memcpy(to + size - 4, text + size - 4, 4);
-    } else if (size < 4) {
-      for (std::size_t i = 0; i < size; ++i) to[i] = text[i];
-    } else {
-      std::memcpy(to, text, size);
-    }
   }
   void Append(std::string_view text) { Append(text.data(), text.size()); }
   void Fill(char c, std::size_t count) {

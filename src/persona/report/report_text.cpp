@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include <persona/framework/short_copy.h>
 #include <persona/report/personality_report.h>
 
 namespace persona {
@@ -24,25 +25,49 @@ constexpr std::size_t kPieceBytes = std::size_t{1024} << 10;
 // More threads than this are not started, whatever the options ask.
 constexpr unsigned kMostThreads = 64;
 
-// Makes part's text and calls hand(text) with about kPieceBytes of whole lines at a time, and
-// with the rest at the end; hand leaves text empty (it takes it or is done with it).
+// Text of whole lines, gathered in memory kept at its full size (it is never filled with
+// zeros again when reused): the first `used` bytes are the text.
+struct Piece {
+  std::string bytes;
+  std::size_t used = 0;
+
+  std::string_view Text() const { return std::string_view(bytes.data(), used); }
+  std::size_t Room() const { return bytes.size() - used; }
+  // Appends line and its "\n"; there must be room for them.
+  void AddLine(const std::string& line) {
+    char* to = &bytes[used];
+    CopyShort(to, line.data(), line.size());
+    to[line.size()] = '\n';
+    used += line.size() + 1;
+  }
+};
+
+// The room a piece is made with beyond kPieceBytes, so that a batch of lines taken when it is
+// almost full still fits.
+constexpr std::size_t kPieceSlack = std::size_t{64} << 10;
+
+// Makes part's text and calls hand(piece) with about kPieceBytes of whole lines at a time, and
+// with the rest at the end; hand leaves piece empty (it takes it or is done with it).
 template <class Hand>
 void MakeText(const ReportPart& part, const Hand& hand) {
-  std::string text;
-  const auto take = [&text, &hand](CStringArray& lines) {
-    for (const CString& line : lines) {
-      text += line.str();
-      text += '\n';
+  Piece piece;
+  const auto take = [&piece, &hand](CStringArray& lines) {
+    std::size_t size = 0;
+    for (const CString& line : lines) size += line.str().size() + 1;
+    if (piece.Room() < size) {
+      if (piece.used != 0) hand(piece);
+      if (piece.Room() < size) piece.bytes.resize(std::max(size, kPieceBytes + kPieceSlack));
     }
+    for (const CString& line : lines) piece.AddLine(line.str());
     lines.RemoveAll();
-    if (text.size() >= kPieceBytes) hand(text);
+    if (piece.used >= kPieceBytes) hand(piece);
   };
   CStringArray lines;
   part(lines, [&take](CStringArray& made) {
     if (made.GetSize() >= kReportPieceLines) take(made);
   });
   take(lines);
-  if (!text.empty()) hand(text);
+  if (piece.used != 0) hand(piece);
 }
 
 // Parts made by worker threads, their text handed on in order by the caller's thread. Part k
@@ -90,13 +115,13 @@ class ParallelText {
           m_emptied.notify_all();
           break;
         }
-        std::string piece = std::move(slot.pieces.front());
+        Piece piece = std::move(slot.pieces.front());
         slot.pieces.pop_front();
-        slot.bytes -= piece.size();
+        slot.bytes -= piece.used;
         lock.unlock();
         m_emptied.notify_all();
-        m_sink(piece);
-        piece.clear();
+        m_sink(piece.Text());
+        piece.used = 0;
         lock.lock();
         if (m_spares.size() < m_window * 2) m_spares.push_back(std::move(piece));
       }
@@ -105,7 +130,7 @@ class ParallelText {
 
  private:
   struct Slot {
-    std::deque<std::string> pieces;
+    std::deque<Piece> pieces;
     std::size_t bytes = 0;
     bool done = false;
     std::exception_ptr error;
@@ -126,7 +151,7 @@ class ParallelText {
       Slot& slot = m_slots[k % m_window];
       std::exception_ptr error;
       try {
-        MakeText(m_parts[k], [this, &slot](std::string& text) { Put(slot, text); });
+        MakeText(m_parts[k], [this, &slot](Piece& piece) { Put(slot, piece); });
       } catch (const Stopped&) {
         return;
       } catch (...) {
@@ -141,15 +166,15 @@ class ParallelText {
     }
   }
 
-  void Put(Slot& slot, std::string& text) {
+  void Put(Slot& slot, Piece& piece) {
     std::unique_lock<std::mutex> lock(m_lock);
     m_emptied.wait(lock, [this, &slot] { return m_stop || slot.bytes < m_partBytes; });
     if (m_stop) throw Stopped();
-    slot.bytes += text.size();
-    slot.pieces.push_back(std::move(text));
-    text = std::string();
+    slot.bytes += piece.used;
+    slot.pieces.push_back(std::move(piece));
+    piece = Piece();
     if (!m_spares.empty()) {
-      text.swap(m_spares.back());  // a piece handed on, its memory taken again
+      piece = std::move(m_spares.back());  // a piece handed on, its memory taken again
       m_spares.pop_back();
     }
     lock.unlock();
@@ -170,7 +195,7 @@ class ParallelText {
   const std::size_t m_partBytes;
   const std::size_t m_window;
   std::vector<Slot> m_slots;
-  std::vector<std::string> m_spares;  // emptied pieces, for the workers to fill again
+  std::vector<Piece> m_spares;  // emptied pieces, for the workers to fill again
   std::vector<std::thread> m_workers;
   std::mutex m_lock;
   std::condition_variable m_filled;   // a slot got a piece or was finished
@@ -195,9 +220,9 @@ void StreamPersonalityReportText(const CPersonality& personality, const ReportTe
     }
   }
   for (const ReportPart& part : parts) {
-    MakeText(part, [&sink](std::string& text) {
-      sink(text);
-      text.clear();
+    MakeText(part, [&sink](Piece& piece) {
+      sink(piece.Text());
+      piece.used = 0;
     });
   }
 }

@@ -13,6 +13,7 @@
 
 #include <persona/framework/codepage.h>
 #include <persona/framework/fields.h>
+#include <persona/framework/short_copy.h>
 #include <persona/io/json/f64_digits.h>
 #include <persona/io/json/personality_json.h>
 
@@ -130,7 +131,7 @@ class JsonText {
       size -= room;
       Drain();
     }
-    std::memcpy(m_pos, text, size);
+    CopyShort(m_pos, text, size);
     m_pos += size;
   }
   void NewLine() {
