@@ -8,6 +8,7 @@
 #include <persona/io/json/json_reader.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <fstream>
 #include <istream>
@@ -53,8 +54,10 @@ struct Frame {
   // Values: values read; Ref, F64: one once the value is read.
   std::size_t count = 0;
   std::vector<FieldRef> fields;  // Record: its field table
-  std::vector<bool> seen;        // Record: fields already set
-  std::size_t cursor = 0;        // Record: where the next key is looked for first
+  // Record: the lengths of its fields' names, when its class's table is known (else null).
+  const std::uint32_t* nameSizes = nullptr;
+  std::vector<bool> seen;  // Record: fields already set
+  std::size_t cursor = 0;  // Record: where the next key is looked for first
 };
 
 // True when key is the text of name, without measuring name first.
@@ -158,6 +161,7 @@ class Reader {
     bool inPlace = false;
     std::vector<FieldRef> refs;
     std::vector<std::size_t> offsets;
+    std::vector<std::uint32_t> nameSizes;
   };
   std::unordered_map<const CRuntimeClass*, ClassFields> m_classFields;
   std::unordered_map<long long, CObject*> m_ids;
@@ -304,9 +308,11 @@ void Reader::TakeFieldTable(Frame& f, const CRuntimeClass& rc) {
   auto* const base = reinterpret_cast<unsigned char*>(f.rec);
   if (known.inPlace) {
     f.fields = known.refs;
+    f.nameSizes = known.nameSizes.data();
     for (std::size_t i = 0; i < f.fields.size(); ++i) f.fields[i].member = base + known.offsets[i];
     return;
   }
+  f.nameSizes = nullptr;
   CollectFieldRefs(*f.rec, f.fields);
   if (known.seen) return;  // a class whose fields are not all within the record
   known.seen = true;
@@ -319,6 +325,9 @@ void Reader::TakeFieldTable(Frame& f, const CRuntimeClass& rc) {
   }
   known.refs = f.fields;
   known.offsets = std::move(offsets);
+  for (const FieldRef& ref : f.fields) {
+    known.nameSizes.push_back(static_cast<std::uint32_t>(std::strlen(ref.name)));
+  }
   known.inPlace = true;
 }
 
@@ -326,7 +335,11 @@ void Reader::FieldKey(Frame& f, std::string_view k) {
   const std::size_t n = f.fields.size();
   for (std::size_t step = 0, i = f.cursor; step < n; ++step, ++i) {
     if (i >= n) i -= n;
-    if (!IsName(f.fields[i].name, k)) continue;
+    const char* name = f.fields[i].name;
+    const bool same = f.nameSizes != nullptr
+                          ? f.nameSizes[i] == k.size() && std::memcmp(name, k.data(), k.size()) == 0
+                          : IsName(name, k);
+    if (!same) continue;
     if (f.seen[i]) throw Abandon();
     f.seen[i] = true;
     f.cursor = i + 1;
