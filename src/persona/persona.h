@@ -24,6 +24,7 @@
 #include <persona/framework/file.h>
 #include <persona/framework/file_io.h>
 #include <persona/framework/object.h>
+#include <persona/framework/ordered_text.h>
 #include <persona/framework/prompt.h>
 #include <persona/framework/short_copy.h>
 #include <persona/framework/types.h>

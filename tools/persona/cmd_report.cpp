@@ -1,7 +1,4 @@
 // persona report [FILE] [-o OUT]: the report of a personality file, or of the bundled sample.
-#include <algorithm>
-#include <thread>
-
 #include <persona/framework/exceptions.h>
 #include <persona/report/report_text.h>
 #include "command.h"
@@ -38,12 +35,8 @@ void RegisterReport(Context& context) {
     }
     // The report's parts are made on threads of their own; this one writes.
     TextOutput out(args->output, TextOutput::Writing::CallersThread);
-    // One thread per processor, up to four: past that the writing of the file is what waits,
-    // and every thread holds up to a part's text ahead.
-    ReportTextOptions options;
-    options.threads = std::clamp(std::thread::hardware_concurrency(), 1u, 4u);
     StreamPersonalityReportText(
-        *loaded.personality, [&out](std::string_view text) { out.Write(text); }, options);
+        *loaded.personality, [&out](std::string_view text) { out.Write(text); }, DocumentThreads());
     out.Commit();
   });
 }

@@ -6,6 +6,7 @@
 // its text on other threads.
 #pragma once
 
+#include <algorithm>
 #include <condition_variable>
 #include <cstddef>
 #include <exception>
@@ -16,8 +17,18 @@
 #include <thread>
 
 #include <persona/framework/file_io.h>
+#include <persona/framework/ordered_text.h>
 
 namespace persona::cli {
+
+// How a long document (the report, the JSON export) is made while the caller's thread writes
+// it: one thread per processor, up to four; past that the writing of the file is what waits,
+// and every thread holds up to a part's text ahead.
+inline OrderedTextOptions DocumentThreads() {
+  OrderedTextOptions options;
+  options.threads = std::clamp(std::thread::hardware_concurrency(), 1u, 4u);
+  return options;
+}
 
 class TextOutput {
  public:
