@@ -22,12 +22,16 @@ void RegisterExport(Context& context) {
   cmd->add_option("-o,--output", args->output, "JSON file to write (default: stdout)");
   cmd->callback([args] {
     OpenedFile opened = OpenPersonalityOrSet(args->file);
-    TextOutput out(args->output);
+    // A personality's records are written on threads of their own while this one writes the
+    // file (DocumentThreads).
+    TextOutput out(args->output, opened.set != nullptr ? TextOutput::Writing::OwnThread
+                                                       : TextOutput::Writing::CallersThread);
     if (opened.set != nullptr) {
       out.Write(JsonExporter().Export(*opened.set).dump(2));
     } else {
-      WritePersonalityJson(*opened.loaded.personality,
-                           [&out](std::string_view text) { out.Write(text); });
+      WritePersonalityJson(
+          *opened.loaded.personality, [&out](std::string_view text) { out.Write(text); },
+          DocumentThreads());
     }
     out.Write('\n');
     out.Commit();

@@ -6,7 +6,11 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <deque>
+#include <functional>
 #include <memory>
+#include <mutex>
+#include <stdexcept>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -21,22 +25,28 @@ namespace persona {
 
 namespace {
 
-// The text of the document, indentation and separators included, gathered in a buffer of its
-// own that goes to the sink whenever it is full.
+// The text of the document, indentation and separators included, gathered in a piece that
+// is handed on whenever it is full. It may start at any depth: the text of one record of a
+// document, made apart from the rest.
 class JsonText {
  public:
-  explicit JsonText(const JsonTextSink& sink)
-      : m_sink(sink),
-        m_begin(new char[kChunk]),
-        m_pos(m_begin.get()),
-        m_limit(m_begin.get() + kChunk) {}
+  // Writes into piece (empty), handing it on whenever it holds pieceBytes.
+  JsonText(TextPiece& piece, const TextPieceHand& hand, std::size_t pieceBytes, int depth = 0)
+      : m_piece(piece), m_hand(hand), m_pieceBytes(pieceBytes), m_depth(depth) {
+    Fresh();
+  }
 
   void Raw(std::string_view s) { Append(s.data(), s.size()); }
-  // Hands what is gathered to the sink.
+  // Hands what is gathered on.
   void Drain() {
-    if (m_pos != m_begin.get()) m_sink(std::string_view(m_begin.get(), Size()));
-    m_pos = m_begin.get();
+    m_piece.used = static_cast<std::size_t>(m_pos - m_piece.bytes.data());
+    if (m_piece.used != 0) m_hand(m_piece);
+    Fresh();
   }
+  // Leaves the text not yet handed on in the piece.
+  void Finish() { m_piece.used = static_cast<std::size_t>(m_pos - m_piece.bytes.data()); }
+  // Takes a value written elsewhere as the one just written at this depth.
+  void Written() { m_first = false; }
   // Opens an object or array: its first member goes on the next line, one level deeper.
   void Open(char bracket) {
     Put(bracket);
@@ -114,7 +124,13 @@ class JsonText {
   void Null() { Append("null", 4); }
 
  private:
-  std::size_t Size() const { return static_cast<std::size_t>(m_pos - m_begin.get()); }
+  // Writes from the start of the piece, whose memory is the hand's or new.
+  void Fresh() {
+    m_piece.used = 0;
+    m_piece.Reserve(m_pieceBytes);
+    m_pos = m_piece.bytes.data();
+    m_limit = m_pos + m_piece.bytes.size();
+  }
   void Put(char c) {
     if (m_pos == m_limit) Drain();
     *m_pos++ = c;
@@ -122,7 +138,16 @@ class JsonText {
   void Append(const char* text, const char* end) {
     Append(text, static_cast<std::size_t>(end - text));
   }
-  void Append(const char* text, std::size_t size) {
+  PERSONA_ALWAYS_INLINE void Append(const char* text, std::size_t size) {
+    if (size > static_cast<std::size_t>(m_limit - m_pos)) {
+      AppendAcross(text, size);
+      return;
+    }
+    CopyShort(m_pos, text, size);
+    m_pos += size;
+  }
+  // Appends text that fills the piece, handing on each piece it fills.
+  void AppendAcross(const char* text, std::size_t size) {
     while (size > static_cast<std::size_t>(m_limit - m_pos)) {
       const auto room = static_cast<std::size_t>(m_limit - m_pos);
       std::memcpy(m_pos, text, room);
@@ -131,7 +156,7 @@ class JsonText {
       size -= room;
       Drain();
     }
-    CopyShort(m_pos, text, size);
+    std::memcpy(m_pos, text, size);
     m_pos += size;
   }
   void NewLine() {
@@ -177,22 +202,113 @@ class JsonText {
     }
   }
 
-  static constexpr std::size_t kChunk = 1 << 16;
-  const JsonTextSink& m_sink;
-  std::unique_ptr<char[]> m_begin;
-  char* m_pos;
-  char* m_limit;
-  int m_depth = 0;
+  TextPiece& m_piece;
+  const TextPieceHand& m_hand;
+  const std::size_t m_pieceBytes;
+  char* m_pos = nullptr;
+  char* m_limit = nullptr;
+  int m_depth;
   bool m_first = true;
+};
+
+// The pieces of the text made on one thread, and of the text between parts: small enough to
+// stay in the cache.
+constexpr std::size_t kSmallPieceBytes = std::size_t{64} << 10;
+
+// The ids of the shared records of a document, given in document order, and the place where
+// the document first meets each (and writes it whole; after that, as {"$ref": id}). A document
+// may be written in parts on several threads: the records of the personality's lists are
+// parts, written apart from the text around them, which is written first. A part knows the
+// ids of the shared records it meets once the parts before it and itself have been walked in
+// order, which is done only when a shared record is met: most parts hold none.
+class SharedOrder {
+ public:
+  static constexpr std::size_t kAround = ~std::size_t{0};  // a meeting outside every part
+
+  // Adds the record of the next part.
+  void AddPart(CObject& record) { m_parts.push_back(&record); }
+  std::size_t PartCount() const { return m_parts.size(); }
+
+  struct Meeting {
+    long long id;
+    bool first;  // the record is written whole here
+  };
+  // Meets rec, element `at` of list, in part `part` or, for kAround, in the text around the
+  // parts added so far. Safe to call from several threads.
+  Meeting Meet(const CObList& list, std::size_t at, CObject& rec, std::size_t part) {
+    std::lock_guard<std::mutex> lock(m_lock);
+    WalkThrough(part == kAround ? m_parts.size() : part + 1);
+    const auto it = m_places.find(&rec);
+    if (it != m_places.end()) {
+      return {it->second.id, it->second.list == &list && it->second.at == at};
+    }
+    if (part != kAround) throw std::logic_error("a shared record was not met beforehand");
+    const long long id = Enter(list, at, rec);
+    return {id, true};
+  }
+
+ private:
+  struct Place {
+    long long id;
+    const CObList* list;
+    std::size_t at;
+  };
+  // Walks the records below a record as the document does, entering each shared record where
+  // it is first met; one met again is not entered (the document writes a reference).
+  class Walk : public CFieldSkipper {
+   public:
+    using CFieldSkipper::Field;
+    explicit Walk(SharedOrder& order) : m_order(order) {}
+    void Field(const FieldInfo&, COwnedObList& v) override {
+      for (CObject* e : v) {
+        if (e != nullptr) e->VisitFields(*this);
+      }
+    }
+    void Field(const FieldInfo&, CObList& v) override {
+      std::size_t at = 0;
+      for (CObject* e : v) {
+        if (e != nullptr && m_order.m_places.count(e) == 0) m_order.Enter(v, at, *e);
+        ++at;
+      }
+    }
+
+   private:
+    SharedOrder& m_order;
+  };
+
+  long long Enter(const CObList& list, std::size_t at, CObject& rec) {
+    const long long id = static_cast<long long>(m_places.size()) + 1;
+    m_places.emplace(&rec, Place{id, &list, at});
+    Walk walk(*this);
+    rec.VisitFields(walk);
+    return id;
+  }
+  // Walks the parts not walked yet, up to `parts`.
+  void WalkThrough(std::size_t parts) {
+    Walk walk(*this);
+    for (; m_walked < parts && m_walked < m_parts.size(); ++m_walked)
+      m_parts[m_walked]->VisitFields(walk);
+  }
+
+  std::mutex m_lock;
+  std::vector<CObject*> m_parts;
+  std::size_t m_walked = 0;
+  std::unordered_map<const CObject*, Place> m_places;
 };
 
 // Writes the members of one record after its "$class" (and "$id").
 class StreamingExportVisitor : public CFieldVisitor {
  public:
-  StreamingExportVisitor(JsonText& out, std::unordered_map<const CObject*, long long>& ids)
-      : m_out(out), m_ids(ids) {}
+  // Writes the text of part `part` of the document, or with SharedOrder::kAround the text
+  // around its parts (or all of it, when it has no parts).
+  StreamingExportVisitor(JsonText& out, SharedOrder& shared, std::size_t part)
+      : m_out(out), m_shared(shared), m_part(part) {}
+
+  // Hands the records of the top record's owned lists to cut instead of writing them.
+  void CutAt(const std::function<void(CObject&)>& cut) { m_cut = &cut; }
 
   void Record(CObject& rec, long long id) {
+    ++m_records;
     m_out.Open('{');
     m_out.Key("$class");
     m_out.String(rec.GetClassName());
@@ -206,6 +322,7 @@ class StreamingExportVisitor : public CFieldVisitor {
     if (m_keys.table != nullptr) m_keys.table->learned = true;
     m_keys = saved;
     m_out.Close('}');
+    --m_records;
   }
 
   void Field(const FieldInfo& f, bool& v) override { Key(f).Bool(v); }
@@ -239,13 +356,16 @@ class StreamingExportVisitor : public CFieldVisitor {
     Array(f, v, [this](CObject* e) {
       if (e == nullptr) {
         m_out.Null();
+      } else if (m_cut != nullptr && m_records == 1) {
+        (*m_cut)(*e);
       } else {
         Record(*e, 0);
       }
     });
   }
   void Field(const FieldInfo& f, CObList& v) override {
-    Array(f, v, [this](CObject* e) { Shared(e); });
+    std::size_t at = 0;
+    Array(f, v, [this, &v, &at](CObject* e) { Shared(v, at++, e); });
   }
 
  private:
@@ -311,45 +431,114 @@ class StreamingExportVisitor : public CFieldVisitor {
     }
     m_out.Close(']');
   }
-  void Shared(CObject* rec) {
+  // The element at of list, a shared record: written whole where it is first met, with its
+  // id, and as {"$ref": id} after that.
+  void Shared(const CObList& list, std::size_t at, CObject* rec) {
     if (rec == nullptr) {
       m_out.Null();
       return;
     }
-    const auto it = m_ids.find(rec);
-    if (it != m_ids.end()) {
-      m_out.Open('{');
-      m_out.Key("$ref");
-      m_out.Integer(it->second);
-      m_out.Close('}');
+    const auto [id, first] = m_shared.Meet(list, at, *rec, m_part);
+    if (first) {
+      Record(*rec, id);
       return;
     }
-    const long long id = static_cast<long long>(m_ids.size()) + 1;
-    m_ids.emplace(rec, id);
-    Record(*rec, id);
+    m_out.Open('{');
+    m_out.Key("$ref");
+    m_out.Integer(id);
+    m_out.Close('}');
   }
 
   JsonText& m_out;
-  std::unordered_map<const CObject*, long long>& m_ids;
+  SharedOrder& m_shared;
+  const std::size_t m_part;
+  const std::function<void(CObject&)>* m_cut = nullptr;
+  int m_records = 0;  // the records open
   std::unordered_map<ClassAtDepth, KeyTable, ClassAtDepthHash> m_tables;
   Keys m_keys{nullptr, 0};
 };
 
 }  // namespace
 
-void WritePersonalityJson(const CPersonality& personality, const JsonTextSink& sink) {
-  JsonText out(sink);
-  std::unordered_map<const CObject*, long long> ids;
+namespace {
+
+// The document's text up to its personality record, then that record through visit, then the
+// end of the document.
+void WriteDocument(JsonText& out, const std::function<void()>& visit) {
   out.Open('{');
   out.Key("format");
   out.String(kPersonalityJsonFormat);
   out.Key("formatVersion");
   out.Integer(kPersonalityJsonFormatVersion);
   out.Key("personality");
-  // The field visitors only read here.
-  StreamingExportVisitor(out, ids).Record(const_cast<CPersonality&>(personality), 0);
+  visit();
   out.Close('}');
   out.Drain();
+}
+
+// The document as parts made apart: each record of the personality's owned lists (its sets,
+// systems, options) is a part, and the text between them is the parts in between.
+std::vector<TextPart> DocumentParts(CPersonality& personality, SharedOrder& shared,
+                                    std::deque<std::string>& texts) {
+  std::vector<TextPart> parts;
+  std::string between;
+  const TextPieceHand gather = [&between](TextPiece& piece) {
+    between.append(piece.Text());
+    piece.used = 0;
+  };
+  TextPiece piece;
+  JsonText out(piece, gather, kSmallPieceBytes);
+  const auto addBetween = [&] {
+    out.Drain();
+    if (between.empty()) return;
+    texts.push_back(std::move(between));
+    between.clear();
+    const std::string& text = texts.back();
+    parts.emplace_back([&text](TextPiece& to, const TextPieceHand&) {
+      to.Reserve(text.size());
+      text.copy(&to.bytes[to.used], text.size());
+      to.used += text.size();
+    });
+  };
+  const std::function<void(CObject&)> cut = [&](CObject& record) {
+    addBetween();
+    const int depth = out.Depth();
+    const std::size_t part = shared.PartCount();
+    shared.AddPart(record);
+    parts.emplace_back([&record, &shared, depth, part](TextPiece& to, const TextPieceHand& hand) {
+      JsonText text(to, hand, kTextPieceBytes, depth);
+      StreamingExportVisitor(text, shared, part).Record(record, 0);
+      text.Finish();
+    });
+    out.Written();
+  };
+  StreamingExportVisitor visitor(out, shared, SharedOrder::kAround);
+  visitor.CutAt(cut);
+  WriteDocument(out, [&] { visitor.Record(personality, 0); });
+  addBetween();
+  return parts;
+}
+
+}  // namespace
+
+void WritePersonalityJson(const CPersonality& personality, const JsonTextSink& sink,
+                          const OrderedTextOptions& options) {
+  // The field visitors only read here.
+  auto& record = const_cast<CPersonality&>(personality);
+  SharedOrder shared;
+  if (options.threads <= 1) {
+    const TextPieceHand hand = [&sink](TextPiece& piece) {
+      sink(piece.Text());
+      piece.used = 0;
+    };
+    TextPiece piece;
+    JsonText out(piece, hand, kSmallPieceBytes);
+    WriteDocument(
+        out, [&] { StreamingExportVisitor(out, shared, SharedOrder::kAround).Record(record, 0); });
+    return;
+  }
+  std::deque<std::string> texts;
+  MakeTextInOrder(DocumentParts(record, shared, texts), sink, options);
 }
 
 }  // namespace persona
