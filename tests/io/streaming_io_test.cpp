@@ -97,13 +97,13 @@ TEST(StreamedOutput, ReportTextIsTheWholeReportWhateverTheThreads) {
   for (const CString& line : whole) expected += line.str() + "\n";
   ASSERT_GT(expected.size(), 1000000u);
   struct Run {
-    unsigned threads;
+    unsigned workers;
     std::size_t partBytes;
   };
-  for (const Run run : {Run{1, 1}, Run{2, 8u << 20}, Run{3, 1}, Run{8, 100000}, Run{~0u, 1}}) {
-    SCOPED_TRACE(std::to_string(run.threads) + " threads, " + std::to_string(run.partBytes));
+  for (const Run run : {Run{0, 1}, Run{1, 1}, Run{2, 8u << 20}, Run{8, 100000}, Run{~0u, 1}}) {
+    SCOPED_TRACE(std::to_string(run.workers) + " workers, " + std::to_string(run.partBytes));
     ReportTextOptions options;
-    options.threads = run.threads;
+    options.workers = run.workers;
     options.partBytes = run.partBytes;
     std::string text;
     std::size_t pieces = 0;
@@ -119,9 +119,9 @@ TEST(StreamedOutput, ReportTextIsTheWholeReportWhateverTheThreads) {
     EXPECT_TRUE(test::SameText(text, expected));
     EXPECT_GT(pieces, expected.size() / (128u << 10));
   }
-  for (unsigned threads : {1u, 3u}) {
+  for (unsigned workers : {0u, 3u}) {
     ReportTextOptions options;
-    options.threads = threads;
+    options.workers = workers;
     options.partBytes = 1;
     int calls = 0;
     EXPECT_THROW(StreamPersonalityReportText(
@@ -158,13 +158,13 @@ TEST(StreamedOutput, JsonIsTheSameWhateverTheThreads) {
   const std::string expected = ExportPersonalityJson(*p).dump(2);
   ASSERT_THAT(expected, test::HasSubstr(R"("$ref": )"));
   struct Run {
-    unsigned threads;
+    unsigned workers;
     std::size_t partBytes;
   };
-  for (const Run run : {Run{1, 1}, Run{2, 8u << 20}, Run{3, 1}, Run{8, 100000}}) {
-    SCOPED_TRACE(std::to_string(run.threads) + " threads, " + std::to_string(run.partBytes));
+  for (const Run run : {Run{0, 1}, Run{1, 1}, Run{2, 8u << 20}, Run{8, 100000}}) {
+    SCOPED_TRACE(std::to_string(run.workers) + " workers, " + std::to_string(run.partBytes));
     OrderedTextOptions options;
-    options.threads = run.threads;
+    options.workers = run.workers;
     options.partBytes = run.partBytes;
     std::string text;
     WritePersonalityJson(
@@ -177,7 +177,7 @@ TEST(StreamedOutput, JsonIsTheSameWhateverTheThreads) {
     EXPECT_TRUE(test::SameText(text, expected));
   }
   OrderedTextOptions options;
-  options.threads = 3;
+  options.workers = 3;
   options.partBytes = 1;
   int calls = 0;
   EXPECT_THROW(WritePersonalityJson(

@@ -22,11 +22,12 @@
 namespace persona::cli {
 
 // How a long document (the report, the JSON export) is made while the caller's thread writes
-// it: one thread per processor, up to four; past that the writing of the file is what waits,
-// and every thread holds up to a part's text ahead.
+// it: a worker thread per processor, up to four. The writing thread mostly waits on the
+// system; past four the writing of the file is what waits, and every worker holds up to a
+// part's text ahead.
 inline OrderedTextOptions DocumentThreads() {
   OrderedTextOptions options;
-  options.threads = std::clamp(std::thread::hardware_concurrency(), 1u, 4u);
+  options.workers = std::clamp(std::thread::hardware_concurrency(), 1u, 4u);
   return options;
 }
 

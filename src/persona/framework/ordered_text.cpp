@@ -29,7 +29,7 @@ class ParallelText {
       : m_parts(parts),
         m_sink(sink),
         m_partBytes(std::max<std::size_t>(options.partBytes, 1)),
-        m_window(options.threads + 1),
+        m_window(options.workers + 1),
         m_slots(m_window) {}
   ParallelText(const ParallelText&) = delete;
   ParallelText& operator=(const ParallelText&) = delete;
@@ -175,10 +175,10 @@ class ParallelText {
 void MakeTextInOrder(const std::vector<TextPart>& parts, const TextSink& sink,
                      const OrderedTextOptions& options) {
   OrderedTextOptions taken = options;
-  taken.threads = std::min(options.threads, kMostThreads);
-  if (taken.threads > 1 && parts.size() > 1) {
+  taken.workers = std::min(options.workers, kMostThreads);
+  if (taken.workers > 0 && parts.size() > 1) {
     ParallelText text(parts, sink, taken);
-    if (text.Start(taken.threads)) {
+    if (text.Start(taken.workers)) {
       text.HandOn();
       return;
     }

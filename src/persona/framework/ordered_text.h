@@ -42,17 +42,17 @@ using TextPart = std::function<void(TextPiece& piece, const TextPieceHand& hand)
 using TextSink = std::function<void(std::string_view text)>;
 
 struct PERSONA_EXPORT OrderedTextOptions {
-  // The threads that make the parts (at most 64 are started); 0 or 1: the caller's thread
-  // makes them all.
-  unsigned threads = 1;
+  // The worker threads that make the parts while the caller's thread hands their text on (at
+  // most 64 are started); 0: the caller's thread makes them.
+  unsigned workers = 0;
   // The most text, in bytes, that a part made ahead of the one being handed on holds before
-  // its thread waits (a part holds at least one piece); with `threads` parts under way at most
-  // about threads x partBytes are held.
+  // its thread waits (a part holds at least one piece); with `workers` parts under way at most
+  // about (workers + 1) x partBytes are held.
   std::size_t partBytes = std::size_t{8} << 20;
 };
 
 // Hands the text of every part to sink, part after part, on the caller's thread; with
-// options.threads > 1 the parts are made by worker threads meanwhile (when no thread can be
+// options.workers > 0 the parts are made by worker threads meanwhile (when no thread can be
 // started, by the caller's). Throws what sink or a part throws (the threads are stopped and
 // joined first), and std::bad_alloc.
 PERSONA_EXPORT void MakeTextInOrder(const std::vector<TextPart>& parts, const TextSink& sink,

@@ -20,7 +20,7 @@ using ReportTextOptions = OrderedTextOptions;
 
 // Hands the report of personality to sink as text, in report order, on the caller's thread;
 // the personality is only read and must not change meanwhile. The text is exactly the lines
-// of PrintPersonalityReport, each followed by "\n". With options.threads > 1 worker threads
+// of PrintPersonalityReport, each followed by "\n". With options.workers > 0 worker threads
 // make the parts (the caller's thread, when none can be started). Throws what sink throws (the
 // threads are stopped and joined first) and std::bad_alloc.
 PERSONA_EXPORT void StreamPersonalityReportText(const CPersonality& personality,

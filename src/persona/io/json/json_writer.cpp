@@ -526,7 +526,7 @@ void WritePersonalityJson(const CPersonality& personality, const JsonTextSink& s
   // The field visitors only read here.
   auto& record = const_cast<CPersonality&>(personality);
   SharedOrder shared;
-  if (options.threads <= 1) {
+  if (options.workers == 0) {
     const TextPieceHand hand = [&sink](TextPiece& piece) {
       sink(piece.Text());
       piece.used = 0;

@@ -19,7 +19,7 @@ namespace persona {
 using JsonTextSink = std::function<void(std::string_view text)>;
 
 // Writes the JSON document of personality to sink, without a final newline, on the caller's
-// thread; the personality is only read and must not change meanwhile. With options.threads > 1
+// thread; the personality is only read and must not change meanwhile. With options.workers > 0
 // worker threads write the records of the personality's lists (the caller's thread, when none
 // can be started), each holding at most options.partBytes ahead; otherwise the caller's thread
 // writes it all in pieces of 64 KB. Throws what sink throws (the threads are stopped and joined
