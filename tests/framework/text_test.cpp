@@ -98,6 +98,20 @@ TEST(CStringTest, FormatWritesWhatPrintfWrites) {
   EXPECT_EQ(CString::Formatted("%d|%-3s|", 42, "On"), "42|On |");
 }
 
+TEST(ShortCopy, EverySizeComparesItsBytesAndNoOther) {
+  const std::string a = "the quick brown fox jumps over the lazy dog, twice over";
+  for (std::size_t size = 0; size <= 40; ++size) {
+    std::string b = a;
+    b[size] = '#';  // a difference just past the bytes compared
+    EXPECT_TRUE(SameShort(a.data(), b.data(), size)) << size;
+    for (std::size_t at = 0; at < size; ++at) {
+      std::string c = a;
+      c[at] = static_cast<char>(c[at] ^ 0x20);
+      EXPECT_FALSE(SameShort(a.data(), c.data(), size)) << size << " " << at;
+    }
+  }
+}
+
 TEST(ShortCopy, EverySizeCopiesItsBytesAndNoOther) {
   std::string from(160, '\0');
   for (std::size_t i = 0; i < from.size(); ++i) from[i] = static_cast<char>('!' + i % 90);

@@ -19,6 +19,7 @@
 #include <persona/framework/codepage.h>
 #include <persona/framework/fields.h>
 #include <persona/framework/file_io.h>
+#include <persona/framework/short_copy.h>
 #include <persona/io/json/f64_digits.h>
 #include <persona/io/json/field_refs.h>
 #include <persona/io/json/json_scanner.h>
@@ -337,7 +338,7 @@ void Reader::FieldKey(Frame& f, std::string_view k) {
     if (i >= n) i -= n;
     const char* name = f.fields[i].name;
     const bool same = f.nameSizes != nullptr
-                          ? f.nameSizes[i] == k.size() && std::memcmp(name, k.data(), k.size()) == 0
+                          ? f.nameSizes[i] == k.size() && SameShort(name, k.data(), k.size())
                           : IsName(name, k);
     if (!same) continue;
     if (f.seen[i]) throw Abandon();
