@@ -80,6 +80,21 @@ TEST(StreamedOutput, ReportPiecesMakeTheWholeReportAndNoSetIsHeldWhole) {
   EXPECT_GT(pieces, whole.GetSize() / 400);
 }
 
+// Runs write with `workers` workers, each holding a single piece ahead, into a sink that fails
+// at its fifth piece: the failure comes back, and nothing more is handed to the sink.
+template <class Write>
+void ExpectFailingSinkStops(unsigned workers, const Write& write) {
+  OrderedTextOptions options;
+  options.workers = workers;
+  options.partBytes = 1;
+  int calls = 0;
+  const TextSink failing = [&calls](std::string_view) {
+    if (++calls == 5) throw std::runtime_error("disk full");
+  };
+  EXPECT_THROW(write(failing, options), std::runtime_error);
+  EXPECT_EQ(calls, 5);
+}
+
 // The text of the report made by one thread or several, with room for a whole set ahead or
 // for a single piece (every part then waits for its turn): always the whole report's lines,
 // in order, in pieces of whole lines. A sink that fails stops the threads and its failure
@@ -120,18 +135,9 @@ TEST(StreamedOutput, ReportTextIsTheWholeReportWhateverTheThreads) {
     EXPECT_GT(pieces, expected.size() / (128u << 10));
   }
   for (unsigned workers : {0u, 3u}) {
-    ReportTextOptions options;
-    options.workers = workers;
-    options.partBytes = 1;
-    int calls = 0;
-    EXPECT_THROW(StreamPersonalityReportText(
-                     *p,
-                     [&calls](std::string_view) {
-                       if (++calls == 5) throw std::runtime_error("disk full");
-                     },
-                     options),
-                 std::runtime_error);
-    EXPECT_EQ(calls, 5);
+    ExpectFailingSinkStops(workers, [&p](const TextSink& sink, const OrderedTextOptions& options) {
+      StreamPersonalityReportText(*p, sink, options);
+    });
   }
 }
 
@@ -176,18 +182,9 @@ TEST(StreamedOutput, JsonIsTheSameWhateverTheThreads) {
         options);
     EXPECT_TRUE(test::SameText(text, expected));
   }
-  OrderedTextOptions options;
-  options.workers = 3;
-  options.partBytes = 1;
-  int calls = 0;
-  EXPECT_THROW(WritePersonalityJson(
-                   *p,
-                   [&calls](std::string_view) {
-                     if (++calls == 5) throw std::runtime_error("disk full");
-                   },
-                   options),
-               std::runtime_error);
-  EXPECT_EQ(calls, 5);
+  ExpectFailingSinkStops(3, [&p](const TextSink& sink, const OrderedTextOptions& options) {
+    WritePersonalityJson(*p, sink, options);
+  });
 }
 
 std::string StreamedJson(CPersonality& p) {
