@@ -37,6 +37,7 @@ TEST(CStringTest, TrimFindFormatAndIndexing) {
   EXPECT_EQ(s, " North");
   s.TrimLeft();
   EXPECT_EQ(s, "North");
+  EXPECT_EQ(s.TrimLeft(), "North");  // nothing to trim: nothing lost
   EXPECT_EQ(s.Find('r'), 2);
   EXPECT_EQ(s.Find("th"), 3);
   EXPECT_EQ(s.Find('z'), -1);

@@ -141,10 +141,30 @@ TEST(StreamedOutput, ReportTextIsTheWholeReportWhateverTheThreads) {
   }
 }
 
+// A record that owns records of any class: what lets a shared record sit below a part's own
+// fields.
+class CRecordHolder : public CObject {
+  DECLARE_SERIAL(CRecordHolder)
+  PERSONA_FIELDS(CObject)
+ public:
+  CRecordHolder() = default;
+  CRecordHolder(const CRecordHolder& o) : CObject(o) {
+    for (CObject* e : o.inner)
+      inner.Add(e != nullptr ? e->GetRuntimeClass()->CopyObject(*e) : nullptr);
+  }
+  COwnedObList inner;
+  template <class V>
+  void Fields(V& v) {
+    v("Inner", inner);
+  }
+};
+IMPLEMENT_SERIAL(CRecordHolder, CObject, 1)
+
 // The JSON document written by one thread or several, with room for a whole set ahead or for
 // a single piece: always the bytes of the whole document's dump. The shared key records are
 // first met in the second set, not the first, and one is met twice in that set's list (written
-// whole the first time, a reference the second). A sink that fails stops the threads and its
+// whole the first time, a reference the second); another is first met in a set owned by an
+// option record. A sink that fails stops the threads and its
 // failure comes back.
 TEST(StreamedOutput, JsonIsTheSameWhateverTheThreads) {
   SampleSpec shape;
@@ -161,6 +181,16 @@ TEST(StreamedOutput, JsonIsTheSameWhateverTheThreads) {
   while (first->GetNumEsks() > 0) first->DeleteEskAt(0);
   second->AddEsk(nullptr);
   second->AddEsk(key);
+  // A key met first two lists down in an option record, in a set owned by it.
+  auto* nestedKey = new CEskData;
+  std::vector<std::unique_ptr<CObject>> adopted;
+  adopted.emplace_back(nestedKey);
+  p->AdoptSharedRecords(std::move(adopted));
+  auto* holder = new CRecordHolder;
+  auto* nestedSet = new CTrunkSet;
+  nestedSet->AddEsk(nestedKey);
+  holder->inner.Add(nestedSet);
+  test::OwnedList(*p, "Options").Add(holder);
   const std::string expected = ExportPersonalityJson(*p).dump(2);
   ASSERT_THAT(expected, test::HasSubstr(R"("$ref": )"));
   struct Run {
