@@ -527,14 +527,13 @@ void WritePersonalityJson(const CPersonality& personality, const JsonTextSink& s
   auto& record = const_cast<CPersonality&>(personality);
   SharedOrder shared;
   if (options.workers == 0) {
-    const TextPieceHand hand = [&sink](TextPiece& piece) {
-      sink(piece.Text());
-      piece.used = 0;
-    };
-    TextPiece piece;
-    JsonText out(piece, hand, kSmallPieceBytes);
-    WriteDocument(
-        out, [&] { StreamingExportVisitor(out, shared, SharedOrder::kAround).Record(record, 0); });
+    const std::vector<TextPart> whole{[&](TextPiece& piece, const TextPieceHand& hand) {
+      JsonText out(piece, hand, kSmallPieceBytes);
+      WriteDocument(out, [&] {
+        StreamingExportVisitor(out, shared, SharedOrder::kAround).Record(record, 0);
+      });
+    }};
+    MakeTextInOrder(whole, sink);
     return;
   }
   std::deque<std::string> texts;
