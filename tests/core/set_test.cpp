@@ -71,6 +71,36 @@ TEST(Set, PositionRules) {
   EXPECT_EQ(set.GetSize(), 0);
 }
 
+// The list keeps the one class of its records, which lets walks pass over lists of classes
+// they have no use for; a second class, or a record put in place of another, ends that until
+// the list is emptied. Loading fills it in as adding does.
+TEST(Set, TheListKnowsWhenOneClassHoldsAllItsRecords) {
+  const CRuntimeClass* message = RUNTIME_CLASS(CStatusMessage);
+  COwnedObList list;
+  EXPECT_EQ(list.GetOneClass(), nullptr);
+  list.Add(nullptr);  // an empty slot is no record
+  EXPECT_EQ(list.GetOneClass(), nullptr);
+  list.Add(Msg("A", 1));
+  list.InsertAt(0, Msg("B", 2));
+  EXPECT_EQ(list.GetOneClass(), message);
+  list.Add(std::make_unique<CEskData>());
+  EXPECT_EQ(list.GetOneClass(), nullptr);
+  std::unique_ptr<CObject>(list.Release(3)).reset();  // the only other one goes: still mixed
+  EXPECT_EQ(list.GetOneClass(), nullptr);
+  list.DeleteAll();
+  list.InsertAt(0, new CEskData);
+  EXPECT_EQ(list.GetOneClass(), RUNTIME_CLASS(CEskData));
+  std::unique_ptr<CObject> old(list.Replace(0, Msg("C", 3)));
+  EXPECT_EQ(list.GetOneClass(), nullptr);
+
+  CSet set(SpCallSetType);
+  set.Add(Msg("One", 1));
+  set.Add(Msg("Two", 2));
+  EXPECT_EQ(test::LoadAs<CSet>(test::StoreObject(&set))->Elements().GetOneClass(), message);
+  set.Add(new CEskData);
+  EXPECT_EQ(test::LoadAs<CSet>(test::StoreObject(&set))->Elements().GetOneClass(), nullptr);
+}
+
 // A set whose type byte is 11 or more is outside every list: DeleteAt leaves it alone.
 class TypedSet : public CSet {
  public:

@@ -69,11 +69,13 @@ CObject* COwnedObList::GetAt(int i) const {
 
 void COwnedObList::InsertAt(int i, CObject* p) {
   CheckIndex(i, true);
+  Note(p);
   m_items.emplace(m_items.begin() + i, p);
 }
 
 CObject* COwnedObList::Replace(int i, CObject* p) {
   CheckIndex(i, false);
+  Note(p);
   CObject* old = m_items[static_cast<std::size_t>(i)].release();
   m_items[static_cast<std::size_t>(i)].reset(p);
   return old;
@@ -100,7 +102,7 @@ void COwnedObList::Serialize(CArchive& ar) {
   const ULONGLONG n = ar.ReadCount();
   ar.CheckCount(n, 2, "object list");
   m_items.reserve(m_items.size() + static_cast<std::size_t>(n));
-  for (ULONGLONG i = 0; i < n; ++i) m_items.push_back(ar.ReadOwnedObject(m_elementClass));
+  for (ULONGLONG i = 0; i < n; ++i) Add(ar.ReadOwnedObject(m_elementClass));
 }
 
 // ---- arrays ---------------------------------------------------------------------------------

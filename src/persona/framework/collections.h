@@ -70,8 +70,14 @@ class PERSONA_EXPORT COwnedObList {
   // Returns the element at i (still owned by the list); invalid i raises CInvalidArgException.
   CObject* GetAt(int i) const;
   // Appends p and takes ownership (null is kept as an empty slot).
-  void Add(CObject* p) { m_items.emplace_back(p); }
-  void Add(std::unique_ptr<CObject> p) { m_items.push_back(std::move(p)); }
+  void Add(CObject* p) {
+    Note(p);
+    m_items.emplace_back(p);
+  }
+  void Add(std::unique_ptr<CObject> p) {
+    Note(p.get());
+    m_items.push_back(std::move(p));
+  }
   // Inserts before i (0 .. count) and takes ownership; other i raises CInvalidArgException
   // and p stays with the caller.
   void InsertAt(int i, CObject* p);
@@ -83,7 +89,11 @@ class PERSONA_EXPORT COwnedObList {
   // Removes and deletes the element at i.
   void DeleteAt(int i);
   // Deletes every element and empties the list.
-  void DeleteAll() { m_items.clear(); }
+  void DeleteAll() {
+    m_items.clear();
+    m_oneClass = nullptr;
+    m_mixed = false;
+  }
   void Reserve(std::size_t n) { m_items.reserve(n); }
 
   // Loading appends owned objects; each must be of the element class (when set) and stored
@@ -92,6 +102,12 @@ class PERSONA_EXPORT COwnedObList {
 
   const CRuntimeClass* GetElementClass() const { return m_elementClass; }
   void SetElementClass(const CRuntimeClass* cls) { m_elementClass = cls; }
+
+  // The exact class of every record of the list when one class has held them all since the
+  // list was last emptied (empty slots aside), so that a walk looking for other classes can
+  // pass over the whole list without reading a record; null when records of two classes have
+  // been in it, or none. Taking records out keeps the answer: it stays true of those left.
+  const CRuntimeClass* GetOneClass() const { return m_mixed ? nullptr : m_oneClass; }
 
   class const_iterator {
    public:
@@ -112,8 +128,20 @@ class PERSONA_EXPORT COwnedObList {
 
  private:
   void CheckIndex(int i, bool allowEnd) const;
+  // Keeps GetOneClass true of a record coming into the list.
+  void Note(const CObject* p) {
+    if (p == nullptr || m_mixed) return;
+    const CRuntimeClass* cls = p->GetRuntimeClass();
+    if (m_oneClass == nullptr) {
+      m_oneClass = cls;
+    } else if (cls != m_oneClass) {
+      m_mixed = true;
+    }
+  }
   std::vector<std::unique_ptr<CObject>> m_items;
   const CRuntimeClass* m_elementClass;
+  const CRuntimeClass* m_oneClass = nullptr;
+  bool m_mixed = false;
 };
 
 // Array of values with the framework's index rules (positions checked, SetSize to grow).
