@@ -286,6 +286,24 @@ TEST(References, CaseOnlySetRenameAndScanListDeletion) {
   EXPECT_EQ(p->GetNumSystems(), 5);
 }
 
+// A list of one class that holds no reference is passed over whole; a list that mixes such
+// records with others is read record by record, whatever class comes first.
+TEST(References, AMixedListIsReadPastRecordsThatHoldNone) {
+  auto p = SamplePersonality();
+  auto* icalls = new CICallSet;
+  icalls->SetName("Mixed");
+  icalls->Add(test::Channel<CConvChannel>("Stray", 810, 855));  // of a class seen to hold none
+  auto* call = new CICall;
+  test::SetText(*call, "WaNetName", "WAN1");
+  icalls->Add(call);
+  p->AddSet(icalls, ICallSetType);
+  int found = 0;
+  for (const NameRef& ref : CollectNameRefs(*p)) {
+    found += ref.record == call && ref.field == "WaNetName" && ref.Name() == "WAN1";
+  }
+  EXPECT_EQ(found, 1);
+}
+
 // Record paths: every path the reference collection prints resolves back to its own record and
 // field; names that are not unique fall back to positions; quoting keeps odd names typeable;
 // paths that name nothing say which segment is wrong.

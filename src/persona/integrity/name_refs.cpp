@@ -77,9 +77,11 @@ class ListPaths {
 
 class Collector {
  public:
-  explicit Collector(std::vector<NameRef>& out) : m_out(out) {}
+  Collector(std::vector<NameRef>& out, const NameRefQuery& query)
+      : m_out(out), m_paths(query.paths), m_keep(query.keep) {}
 
-  // Walks record and everything it owns. holder: the set the record is or belongs to.
+  // Walks record and everything it owns. holder: the set the record is or belongs to. path:
+  // the record's, empty when paths are left out.
   void Walk(CObject& record, const std::string& path, CSet* holder, int systemType) {
     WalkAt(record, {&path, nullptr, 0}, holder, systemType, 0);
   }
@@ -97,35 +99,49 @@ class Collector {
   // of a class seen to hold neither is passed over without a visit.
   void WalkAt(CObject& record, const PathOf& pathOf, CSet* holder, int systemType,
               std::size_t depth) {
-    const CRuntimeClass* cls = record.GetRuntimeClass();
-    if (m_inert.count(cls) != 0) return;
+    if (IsInert(record)) return;
     if (m_scans.size() <= depth) m_scans.emplace_back(std::make_unique<RecordScan>());
     RecordScan& scan = *m_scans[depth];
     scan.Clear();
     record.VisitFields(scan);
     if (scan.pending.empty() && scan.owned.empty()) {
-      m_inert.insert(cls);
+      m_inert.insert(record.GetRuntimeClass());
       return;
     }
-    const std::string path = pathOf();
+    const std::string path = m_paths ? pathOf() : std::string();
     for (const RecordScan::Pending& p : scan.pending)
       Add(record, scan, p, path, holder, systemType);
     auto* asSet = dynamic_cast<CSet*>(&record);
     for (const auto& [name, list] : scan.owned) {
-      ListPaths paths(record, *list, asSet != nullptr ? path : path + "/" + name);
+      if (IsInertClass(list->GetOneClass())) continue;  // not a record read
+      ListPaths paths(record, *list, asSet != nullptr || !m_paths ? path : path + "/" + name);
       std::size_t at = 0;
       for (CObject* child : *list) {
-        if (child != nullptr)
+        // Most lists hold records of one inert class (channels, groups): they are passed over
+        // here, without a call per record.
+        if (child != nullptr && !IsInert(*child))
           WalkAt(*child, {nullptr, &paths, at}, asSet != nullptr ? asSet : holder, -1, depth + 1);
         ++at;
       }
     }
   }
 
+  // True when record's class was seen to hold no name field and own no list.
+  bool IsInert(const CObject& record) { return IsInertClass(record.GetRuntimeClass()); }
+  // The same of a class (false of null). The last inert class is kept aside: records of a list
+  // are mostly of one class.
+  bool IsInertClass(const CRuntimeClass* cls) {
+    if (cls == nullptr) return false;
+    if (cls == m_lastInert) return true;
+    if (m_inert.count(cls) == 0) return false;
+    m_lastInert = cls;
+    return true;
+  }
+
   void Add(CObject& record, const RecordScan& scan, const RecordScan::Pending& p,
            const std::string& path, CSet* holder, int systemType) {
     NameRef ref;
-    ref.field = p.field;
+    if (m_paths) ref.field = p.field;
     ref.kind = p.ref.kind;
     ref.record = &record;
     ref.holder = holder;
@@ -138,9 +154,10 @@ class Collector {
       ref.scoped = true;
       if (const CString* scope = scan.StringField(p.ref.scopeField)) ref.scopeName = *scope;
     }
-    const std::string base = path + "/" + p.field;
+    const std::string base = m_paths ? path + "/" + p.field : std::string();
     if (p.value != nullptr) {
       ref.value = p.value;
+      if (m_keep && !m_keep(ref)) return;
       ref.path = base;
       m_out.push_back(std::move(ref));
       return;
@@ -149,14 +166,18 @@ class Collector {
       NameRef entry = ref;
       entry.list = p.list;
       entry.index = i;
-      entry.path = base + "/" + std::to_string(i + 1);
+      if (m_keep && !m_keep(entry)) continue;
+      if (m_paths) entry.path = base + "/" + std::to_string(i + 1);
       m_out.push_back(std::move(entry));
     }
   }
 
   std::vector<NameRef>& m_out;
+  const bool m_paths;
+  const std::function<bool(const NameRef&)>& m_keep;
   std::vector<std::unique_ptr<RecordScan>> m_scans;  // one per depth, reused
   std::unordered_set<const CRuntimeClass*> m_inert;  // classes with no name field, no list
+  const CRuntimeClass* m_lastInert = nullptr;        // the last inert class met
 };
 
 void Resolve(const CPersonality& p, NameRef& ref) {
@@ -276,26 +297,30 @@ bool ElementNames::Has(CSet& set, const CString& name) {
   return names.held.count(wanted) != 0;
 }
 
-std::vector<NameRef> CollectNameRefs(CPersonality& p) {
+std::vector<NameRef> CollectNameRefs(CPersonality& p) { return CollectNameRefs(p, {}); }
+
+std::vector<NameRef> CollectNameRefs(CPersonality& p, const NameRefQuery& query) {
   std::vector<NameRef> refs;
-  Collector collector(refs);
+  const bool made = query.paths;
+  Collector collector(refs, query);
+  const std::string none;
   for (int i = 0; i < p.GetNumSystems(); ++i) {
     CSystem* system = p.GetSystemAt(i);
     if (system == nullptr) continue;
-    collector.Walk(*system, SystemPath(*system), nullptr, system->GetSysType());
+    collector.Walk(*system, made ? SystemPath(*system) : none, nullptr, system->GetSysType());
   }
   for (int type = 0; type < kNumSetTypes; ++type) {
     const auto t = static_cast<SetType>(type);
     for (int i = 0; i < p.GetNumSets(t); ++i) {
       CSet* set = p.GetSetAt(i, t);
       if (set == nullptr) continue;
-      collector.Walk(*set, SetPath(type, *set), set, -1);
+      collector.Walk(*set, made ? SetPath(type, *set) : none, set, -1);
     }
   }
   for (int i = 0; i < p.GetNumOptions(); ++i) {
     CObject* option = p.GetOptionAt(i);
     if (option == nullptr) continue;
-    collector.Walk(*option, OptionPath(*option), nullptr, -1);
+    collector.Walk(*option, made ? OptionPath(*option) : none, nullptr, -1);
   }
   // Visiting records may move the name epochs; resolve once everything has been visited, so
   // the lookup indexes are rebuilt once.

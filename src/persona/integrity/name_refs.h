@@ -7,6 +7,7 @@
 
 #include <persona/export.h>
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -49,8 +50,22 @@ struct PERSONA_EXPORT NameRef {
 
 // Every name reference of p, in the order systems, sets (list by list, each set and then its
 // elements), options (and their sub-records). Linear in the size of p. The pointers stay valid
-// until a record is added, removed or renamed.
+// until a record is added, removed or renamed. Throws std::bad_alloc only.
 PERSONA_EXPORT std::vector<NameRef> CollectNameRefs(CPersonality& p);
+
+// What CollectNameRefs gathers beyond the references themselves, and which of them.
+struct PERSONA_EXPORT NameRefQuery {
+  // Make each reference's path and field name (NameRef::path, NameRef::field), which messages
+  // and listings show; carrying a rename or a delete along needs neither.
+  bool paths = true;
+  // Asked of each reference before any is resolved (its name, kind, set type, holder and scope
+  // name are known; system, set and scopeSystem are still null): false leaves it out, so that
+  // a search for the few references to one record keeps only those that could name it. Empty
+  // keeps every reference.
+  std::function<bool(const NameRef&)> keep;
+};
+// The references of p that query keeps, in the same order, resolved as above.
+PERSONA_EXPORT std::vector<NameRef> CollectNameRefs(CPersonality& p, const NameRefQuery& query);
 
 // The short name of a set list in paths ("trunk", "conv", "group", ...); "" for an invalid type.
 PERSONA_EXPORT const char* SetListPathName(int type);

@@ -2,7 +2,10 @@
 #include <persona/integrity/references.h>
 
 #include <algorithm>
+#include <functional>
+#include <string>
 #include <unordered_set>
+#include <utility>
 
 #include <persona/integrity/name_refs.h>
 #include <persona/systems/system.h>
@@ -34,6 +37,36 @@ int Apply(std::vector<const NameRef*>& hits, const CString* name) {
 bool IsElementRef(const NameRef& ref) {
   return ref.kind == RefKind::Channel || ref.kind == RefKind::Group;
 }
+
+// The references of p that keep finds could be hits, seen before they are resolved: a change
+// looks for the few references to one record and need not keep (nor resolve) the others. No
+// paths: nothing shows them.
+std::vector<NameRef> Candidates(CPersonality& p, std::function<bool(const NameRef&)> keep) {
+  NameRefQuery query;
+  query.paths = false;
+  query.keep = std::move(keep);
+  return CollectNameRefs(p, query);
+}
+
+// True when a reference named name could resolve to a record named target. Systems are looked
+// up by exact name, sets ignoring case: a match ignoring case lets every such reference by.
+bool CouldName(const CString& name, const CString& target) {
+  return name.CompareNoCase(target) == 0;
+}
+
+// The names of a group of records, for CouldName against any of them (upper case keys).
+class NameGroup {
+ public:
+  void Add(const CString& name) { m_upper.insert(Upper(name)); }
+  bool CouldName(const CString& name) const { return m_upper.count(Upper(name)) != 0; }
+
+ private:
+  static std::string Upper(const CString& name) {
+    CString copy = name;
+    return copy.MakeUpper().str();
+  }
+  std::unordered_set<std::string> m_upper;
+};
 
 int SystemIndex(const CPersonality& p, const CSystem* system) {
   for (int i = 0; i < p.GetNumSystems(); ++i) {
@@ -82,7 +115,8 @@ int ChangeElement(CPersonality& p, SetType type, RefKind kind, const CString& se
     if (*newName == oldName) return 0;
     if (ElementIndex(*set, *newName) >= 0) return -1;
   }
-  const std::vector<NameRef> refs = CollectNameRefs(p);
+  const std::vector<NameRef> refs =
+      Candidates(p, [&](const NameRef& ref) { return ref.kind == kind && ref.Name() == oldName; });
   std::vector<const NameRef*> hits;
   for (const NameRef& ref : refs) {
     if (ref.kind == kind && ref.set == set && ref.Name() == oldName) hits.push_back(&ref);
@@ -103,7 +137,9 @@ int RenameSystem(CPersonality& p, const CString& oldName, const CString& newName
   if (system == nullptr || newName.IsEmpty()) return -1;
   if (newName == oldName) return 0;
   if (p.GetSystem(newName) != nullptr) return -1;
-  const std::vector<NameRef> refs = CollectNameRefs(p);
+  const std::vector<NameRef> refs = Candidates(p, [&](const NameRef& ref) {
+    return ref.kind == RefKind::System && CouldName(ref.Name(), oldName);
+  });
   std::vector<const NameRef*> hits;
   for (const NameRef& ref : refs) {
     if (ref.kind == RefKind::System && ref.system == system) hits.push_back(&ref);
@@ -116,7 +152,12 @@ int RenameSystem(CPersonality& p, const CString& oldName, const CString& newName
 int ClearReferencesToSystems(CPersonality& p, const std::vector<const CSystem*>& systems) {
   if (systems.empty()) return 0;
   const std::unordered_set<const CObject*> gone(systems.begin(), systems.end());
-  const std::vector<NameRef> refs = CollectNameRefs(p);
+  NameGroup names;
+  for (const CSystem* system : systems) names.Add(system->GetName());
+  const std::vector<NameRef> refs = Candidates(p, [&](const NameRef& ref) {
+    if (ref.kind == RefKind::System) return names.CouldName(ref.Name());
+    return IsElementRef(ref) && ref.scoped && names.CouldName(ref.scopeName);
+  });
   std::vector<const NameRef*> hits;
   for (const NameRef& ref : refs) {
     if (gone.count(ref.record) != 0) continue;  // goes with its system
@@ -144,7 +185,9 @@ int RenameSet(CPersonality& p, SetType type, const CString& oldName, const CStri
   const CSet* taken = p.GetSet(newName, type);
   if (taken != nullptr && taken != set) return -1;
   if (newName == set->Name()) return 0;
-  const std::vector<NameRef> refs = CollectNameRefs(p);
+  const std::vector<NameRef> refs = Candidates(p, [&](const NameRef& ref) {
+    return ref.kind == RefKind::Set && CouldName(ref.Name(), set->Name());
+  });
   std::vector<const NameRef*> hits;
   for (const NameRef& ref : refs) {
     if (ref.kind == RefKind::Set && ref.set == set) hits.push_back(&ref);
@@ -158,7 +201,11 @@ int DeleteSet(CPersonality& p, SetType type, const CString& name) {
   if (!IsValidSetType(type)) return -1;
   CSet* set = p.GetSet(name, type);
   if (set == nullptr) return -1;
-  const std::vector<NameRef> refs = CollectNameRefs(p);
+  // Element references resolve to their holder, or through the system their scope names.
+  const std::vector<NameRef> refs = Candidates(p, [&](const NameRef& ref) {
+    if (ref.kind == RefKind::Set) return CouldName(ref.Name(), set->Name());
+    return IsElementRef(ref) && (ref.scoped || ref.holder == set);
+  });
   std::vector<const NameRef*> hits;
   for (const NameRef& ref : refs) {
     if (ref.holder == set) continue;  // goes with the set
