@@ -1,5 +1,6 @@
 // Pruning of a personality for its radio model: system kinds the model cannot use, and sets
 // that no system names. Every step is one pass over the systems and one over the list pruned.
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <unordered_set>
@@ -49,18 +50,15 @@ int Filter(COwnedObList& list, Keep keep) {
 
 bool CPersonality::RemoveUnusedSystemsAndSets() {
   const WORD r = m_LastRadio;
-  if (!RadioTypeSupportsSystemKind(r, PlmSystemType)) RemoveSystems(PlmSystemType);
-  if (!RadioTypeSupportsSystemKind(r, TrunkedSystemType)) RemoveSystems(TrunkedSystemType);
-  if (!RadioTypeSupportsSystemKind(r, P25TrkSystemType)) {
-    RemoveSystems(P25TrkSystemType);
-    DeleteOption(RUNTIME_CLASS(CP25tWanOpts));
+  // The kinds go together: clearing the references to them walks the whole personality.
+  std::vector<int> kinds;
+  for (const int kind : {PlmSystemType, TrunkedSystemType, P25TrkSystemType, P25ConvSystemType,
+                         EaSystemType, ConvSystemType}) {
+    if (!RadioTypeSupportsSystemKind(r, kind)) kinds.push_back(kind);
   }
-  if (!RadioTypeSupportsSystemKind(r, P25ConvSystemType)) {
-    RemoveSystems(P25ConvSystemType);
-    RemoveSystems(EaSystemType);
-  }
+  RemoveSystemsOfKinds(kinds);
+  if (!RadioTypeSupportsSystemKind(r, P25TrkSystemType)) DeleteOption(RUNTIME_CLASS(CP25tWanOpts));
   if (!RadioTypeSupportsSystemKind(r, ConvSystemType)) {
-    RemoveSystems(ConvSystemType);
     RemoveAllConventionalSets();
   } else {
     RemoveUnusedConvSets();
@@ -78,18 +76,23 @@ bool CPersonality::RemoveUnusedSystemsAndSets() {
   return true;
 }
 
-int CPersonality::RemoveSystems(int systemType) {
+int CPersonality::RemoveSystems(int systemType) { return RemoveSystemsOfKinds({systemType}); }
+
+int CPersonality::RemoveSystemsOfKinds(const std::vector<int>& systemTypes) {
+  const auto doomedKind = [&systemTypes](const CObject* record) {
+    const auto* system = dynamic_cast<const CSystem*>(record);
+    return system != nullptr && std::find(systemTypes.begin(), systemTypes.end(),
+                                          system->GetSysType()) != systemTypes.end();
+  };
   std::vector<const CSystem*> doomed;
   for (const CObject* record : m_systems) {
-    const auto* system = dynamic_cast<const CSystem*>(record);
-    if (system != nullptr && system->GetSysType() == systemType) doomed.push_back(system);
+    if (doomedKind(record)) doomed.push_back(static_cast<const CSystem*>(record));
   }
   if (doomed.empty()) return 0;
   ClearReferencesToSystems(*this, doomed);
-  const int removed = Filter(m_systems, [systemType](const CObject* record) {
-    const auto* system = dynamic_cast<const CSystem*>(record);
-    return system == nullptr || system->GetSysType() != systemType;  // other records stay
-  });
+  // Records of the list that are not systems stay, as do the systems of other kinds.
+  const int removed =
+      Filter(m_systems, [&doomedKind](const CObject* record) { return !doomedKind(record); });
   InvalidateIndexes();
   return removed;
 }

@@ -421,6 +421,9 @@ class PERSONA_EXPORT CPersonality : public CSerial {
   void ShareRecordsOf(const CPersonality& src);
   // Deletes the sets of list type that are not used (integrity/personality_prune.cpp).
   int RemoveUnusedSets(SetType type);
+  // RemoveSystems for every kind in systemTypes at once: one pass over the name references
+  // for them all (integrity/personality_prune.cpp).
+  int RemoveSystemsOfKinds(const std::vector<int>& systemTypes);
 
   BYTE m_storedSchema = 0;
   BYTE m_loaded = 0;
