@@ -66,14 +66,16 @@ bool CSet::IsCopiedElementClass(const char* className) {
 void CSet::AppendCopiesOf(const CSet& src) {
   const int count = src.m_elements.GetCount();  // fixed first: src may be this set
   m_elements.Reserve(static_cast<std::size_t>(m_elements.GetCount() + count));
-  const CRuntimeClass* copied = nullptr;  // the last class found copied: mostly the only one
+  // The name of the last class found copied, mostly the only one: each class has its own.
+  const char* copied = nullptr;
   for (int i = 0; i < count; ++i) {
     const CObject* element = src.m_elements.GetAt(i);
     if (element == nullptr) continue;
     const CRuntimeClass* cls = element->GetRuntimeClass();
-    if (cls != copied) {
-      if (!IsCopiedElementClass(cls->m_lpszClassName)) continue;
-      copied = cls;
+    const char* name = cls->m_lpszClassName;
+    if (name != copied) {
+      if (!IsCopiedElementClass(name)) continue;
+      copied = name;
     }
     if (CObject* copy = cls->CopyObject(*element)) m_elements.Add(copy);
   }
