@@ -116,6 +116,8 @@ option CGenRadioOpts CnvTestSet=Test
   ASSERT_EQ(p.GetNumSets(ConvSetType), 2);
   EXPECT_EQ(p.GetSetAt(0, ConvSetType)->GetName(), "USED");
   EXPECT_EQ(p.GetSetAt(1, ConvSetType)->GetName(), "TEST");
+  EXPECT_EQ(p.GetSet("test", ConvSetType), p.GetSetAt(1, ConvSetType));  // found where it went
+  EXPECT_EQ(p.GetSet("X2", ConvSetType), nullptr);
   EXPECT_EQ(p.RemoveAllConventionalSets(), 2);
   EXPECT_EQ(p.GetSet("USED", ConvSetType), nullptr);
   // Empty lists: nothing removed; no systems: every set is unused.
