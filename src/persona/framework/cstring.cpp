@@ -247,6 +247,11 @@ CString& CString::MakeUpper() {
   return *this;
 }
 
+std::string CString::UpperText() const {
+  CString copy = *this;
+  return copy.MakeUpper().str();
+}
+
 CString& CString::TrimRight() {
   std::size_t n = m_str.size();
   while (n > 0 && IsSpace(m_str[n - 1])) --n;

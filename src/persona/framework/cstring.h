@@ -33,6 +33,9 @@ class PERSONA_EXPORT CString {
 
   // Windows-1252 upper casing (ASCII and the accented letters of the code page).
   CString& MakeUpper();
+  // The bytes upper-cased as MakeUpper does, in a new std::string: the key under which names
+  // that compare ignoring case are the same.
+  std::string UpperText() const;
   // Remove trailing / leading white space (blank, tab, CR, LF, VT, FF).
   CString& TrimRight();
   CString& TrimLeft();

@@ -58,11 +58,6 @@ std::string ChannelLabel(const E& channel, int position) {
   return name.IsEmpty() ? "channel #" + std::to_string(position) : "channel " + name.str();
 }
 
-std::string Upper(const CString& name) {
-  CString copy = name;
-  return copy.MakeUpper().str();
-}
-
 // "the <model> (radio type <n>)", or "radio type <n>" for a code outside the catalogue.
 std::string ModelText(WORD radio) {
   const RadioModel* model = FindRadioModel(radio);
@@ -207,7 +202,7 @@ class Checker {
       }
       const std::string path = SetPath(type, *set);
       CheckClasses(type, *set, path);
-      auto [it, added] = first.emplace(Upper(set->Name()), set);
+      auto [it, added] = first.emplace(set->Name().UpperText(), set);
       if (!added) {
         Add("SET_NAME_DUPLICATE", Finding::Warning, path,
             "has the name of the earlier set " + Quoted(it->second->Name()) +

@@ -19,11 +19,6 @@ namespace persona {
 
 namespace {
 
-std::string Upper(const CString& name) {
-  CString copy = name;
-  return copy.MakeUpper().str();
-}
-
 // Keeps the records of list for which keep(record) holds, in order, deleting the others in
 // one pass; returns how many were deleted.
 template <class Keep>
@@ -102,23 +97,23 @@ int CPersonality::RemoveUnusedSets(SetType type) {
   CString name;
   for (const CObject* record : m_systems) {
     const auto* system = dynamic_cast<const CSystem*>(record);
-    if (system != nullptr && SystemSetNameFor(*system, type, &name)) used.insert(Upper(name));
+    if (system != nullptr && SystemSetNameFor(*system, type, &name)) used.insert(name.UpperText());
   }
   if (type == ConvSetType) {
     if (const auto* general = GetOption<CGenRadioOpts>())
-      used.insert(Upper(general->GetCnvTestSet()));
+      used.insert(general->GetCnvTestSet().UpperText());
   }
   if (type == P25GroupSetType) {
     for (const CObject* record : m_sets[P25ConvSetType]) {
       if (const auto* conv = dynamic_cast<const CP25ConvSet*>(record)) {
-        used.insert(Upper(conv->GetP25GroupSet()));
+        used.insert(conv->GetP25GroupSet().UpperText());
       }
     }
   }
   // A record that is not a set cannot be named by a system: it is unused like any unnamed set.
   const int removed = Filter(m_sets[type], [&used](const CObject* record) {
     const auto* set = dynamic_cast<const CSet*>(record);
-    return set != nullptr && used.count(Upper(set->Name())) != 0;
+    return set != nullptr && used.count(set->Name().UpperText()) != 0;
   });
   if (removed != 0) InvalidateIndexes();
   return removed;
@@ -145,11 +140,12 @@ int CPersonality::RemoveAllConventionalSets() {
 
 int CPersonality::checkForSystemReferencesToSet(const CString& name, SetType type) {
   if (name.IsEmpty() || !IsValidSetType(type)) return 0;
-  const std::string wanted = Upper(name);
+  const std::string wanted = name.UpperText();
   CString field;
   for (const CObject* record : m_systems) {
     const auto* system = dynamic_cast<const CSystem*>(record);
-    if (system != nullptr && SystemSetNameFor(*system, type, &field) && Upper(field) == wanted) {
+    if (system != nullptr && SystemSetNameFor(*system, type, &field) &&
+        field.UpperText() == wanted) {
       return 1;
     }
   }

@@ -57,14 +57,10 @@ bool CouldName(const CString& name, const CString& target) {
 // The names of a group of records, for CouldName against any of them (upper case keys).
 class NameGroup {
  public:
-  void Add(const CString& name) { m_upper.insert(Upper(name)); }
-  bool CouldName(const CString& name) const { return m_upper.count(Upper(name)) != 0; }
+  void Add(const CString& name) { m_upper.insert(name.UpperText()); }
+  bool CouldName(const CString& name) const { return m_upper.count(name.UpperText()) != 0; }
 
  private:
-  static std::string Upper(const CString& name) {
-    CString copy = name;
-    return copy.MakeUpper().str();
-  }
   std::unordered_set<std::string> m_upper;
 };
 

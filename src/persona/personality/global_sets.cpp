@@ -60,8 +60,7 @@ class FolderIndex {
     while (dirent* entry = ::readdir(dir)) {
       const std::string name = entry->d_name;
       m_exact.insert(name);
-      CString upper(name);
-      m_folded.emplace(upper.MakeUpper().str(), name);
+      m_folded.emplace(CString(name).UpperText(), name);
     }
     ::closedir(dir);
   }
@@ -71,8 +70,7 @@ class FolderIndex {
   CString PathOf(const CString& fileName) const {
     std::string name = fileName.str();
     if (m_exact.count(name) == 0) {
-      CString upper = fileName;
-      const auto it = m_folded.find(upper.MakeUpper().str());
+      const auto it = m_folded.find(fileName.UpperText());
       if (it != m_folded.end()) name = it->second;
     }
     if (m_folder.empty()) return CString(name);
