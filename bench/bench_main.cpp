@@ -84,13 +84,17 @@ void Register() {
           std::find(std::begin(kSeries), std::end(kSeries), channels) != std::end(kSeries);
       if (op.refresh && !inSeries) continue;
       const std::string name = std::string(op.name) + "/" + Label(channels);
-      benchmark::RegisterBenchmark(name.c_str(), op.run, channels)
-          ->UseManualTime()
-          ->Unit(benchmark::kMicrosecond)
-          ->MinTime(0.15)
-          ->Repetitions(kRepetitions)
-          ->ComputeStatistics("min", Fastest)
-          ->ReportAggregatesOnly(true);
+      auto* b = benchmark::RegisterBenchmark(name.c_str(), op.run, channels)
+                    ->UseManualTime()
+                    ->Unit(benchmark::kMicrosecond)
+                    ->Repetitions(kRepetitions)
+                    ->ComputeStatistics("min", Fastest)
+                    ->ReportAggregatesOnly(true);
+      if (op.iterations > 0) {
+        b->Iterations(op.iterations);
+      } else {
+        b->MinTime(0.15);
+      }
     }
   }
 }

@@ -17,6 +17,7 @@ struct Operation {
   void (*run)(benchmark::State& state, int channels);
   bool (*available)();  // null, or whether the reference it runs was built (left out if not)
   bool refresh;         // runs on the refresh cases (sizes of the scaling series only)
+  int iterations = 0;   // iterations per repetition; 0: as many as the minimum time takes
 };
 
 // Every operation, in the order of the run.
