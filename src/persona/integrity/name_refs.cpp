@@ -83,7 +83,7 @@ class Collector {
   // Walks record and everything it owns. holder: the set the record is or belongs to. path:
   // the record's, empty when paths are left out.
   void Walk(CObject& record, const std::string& path, CSet* holder, int systemType) {
-    WalkAt(record, {&path, nullptr, 0}, holder, systemType, 0);
+    if (!IsInert(record)) WalkAt(record, {&path, nullptr, 0}, holder, systemType, 0);
   }
 
  private:
@@ -96,10 +96,10 @@ class Collector {
   };
 
   // The record's path is made only when the record holds a reference or owns records. A record
-  // of a class seen to hold neither is passed over without a visit.
+  // of a class seen to hold neither is passed over without a visit, by the caller: record is
+  // not of a class known to be inert.
   void WalkAt(CObject& record, const PathOf& pathOf, CSet* holder, int systemType,
               std::size_t depth) {
-    if (IsInert(record)) return;
     if (m_scans.size() <= depth) m_scans.emplace_back(std::make_unique<RecordScan>());
     RecordScan& scan = *m_scans[depth];
     scan.Clear();
@@ -301,26 +301,26 @@ std::vector<NameRef> CollectNameRefs(CPersonality& p) { return CollectNameRefs(p
 
 std::vector<NameRef> CollectNameRefs(CPersonality& p, const NameRefQuery& query) {
   std::vector<NameRef> refs;
-  const bool made = query.paths;
+  const bool withPaths = query.paths;
   Collector collector(refs, query);
   const std::string none;
   for (int i = 0; i < p.GetNumSystems(); ++i) {
     CSystem* system = p.GetSystemAt(i);
     if (system == nullptr) continue;
-    collector.Walk(*system, made ? SystemPath(*system) : none, nullptr, system->GetSysType());
+    collector.Walk(*system, withPaths ? SystemPath(*system) : none, nullptr, system->GetSysType());
   }
   for (int type = 0; type < kNumSetTypes; ++type) {
     const auto t = static_cast<SetType>(type);
     for (int i = 0; i < p.GetNumSets(t); ++i) {
       CSet* set = p.GetSetAt(i, t);
       if (set == nullptr) continue;
-      collector.Walk(*set, made ? SetPath(type, *set) : none, set, -1);
+      collector.Walk(*set, withPaths ? SetPath(type, *set) : none, set, -1);
     }
   }
   for (int i = 0; i < p.GetNumOptions(); ++i) {
     CObject* option = p.GetOptionAt(i);
     if (option == nullptr) continue;
-    collector.Walk(*option, made ? OptionPath(*option) : none, nullptr, -1);
+    collector.Walk(*option, withPaths ? OptionPath(*option) : none, nullptr, -1);
   }
   // Visiting records may move the name epochs; resolve once everything has been visited, so
   // the lookup indexes are rebuilt once.
